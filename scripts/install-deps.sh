@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Installs the Debian packages Vellora needs to build, run and test, skipping
+# what is already there.
+set -euo pipefail
+
+packages=(
+  build-essential cmake ccache
+  qtbase5-dev qttools5-dev qttools5-dev-tools
+  qt5-image-formats-plugins libqt5svg5-dev
+  libbenchmark-dev
+)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+
+if [ ${#missing[@]} -gt 0 ]; then
+  sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  export DEBIAN_FRONTEND=noninteractive
+  $sudo apt-get update -qq
+  $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+class CAppSettings;
+class CMainWindow;
+
+// The program-wide objects and constants every page and dialog reaches.
+namespace AppContext {
+
+QString productName();   // "Vellora"
+QString versionTitle();  // "Vellora v1.0.0"
+QString widgetPrefix();  // ":/resources/widgets/"
+// An image named relative to the widget prefix, e.g. "toolbar/btn_toolbar_open_img.png".
+QIcon widgetIcon(const QString &name);
+// Registers the compiled-in images (needed once per process that shows widgets).
+void initResources();
+
+CAppSettings *settings();
+void setSettings(CAppSettings *settings);
+CMainWindow *mainWindow();
+void setMainWindow(CMainWindow *window);
+
+} // namespace AppContext

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QRect>
+
+class CAppSettings;
+class CChartDataWindow;
+class CColourImageWindow;
+class CImageSource;
+class QAction;
+class QMenu;
+class QSignalMapper;
+class QTabWidget;
+class QToolBar;
+class QToolButton;
+
+// Command identifiers of the main toolbar.
+enum MainCommand {
+    CmdRecentImages = 0,
+    CmdOpenImage = 1,
+    CmdConfigure = 2,
+    CmdExit = 3,
+    CmdHelpContents = 4,
+    CmdAbout = 5,
+    CmdZoomOut = 6,
+    CmdZoomIn = 7,
+    CmdZoomActual = 8
+};
+
+// The one top-level window: owns the settings, the image source, the main
+// toolbar, the recent images menu, the status bar and the two tab pages.
+class CMainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit CMainWindow(const QString &versionTitle, QWidget *parent = nullptr);
+    ~CMainWindow() override;
+
+    CAppSettings *settings() const { return m_settings; }
+    CColourImageWindow *samplingPage() const { return m_samplingPage; }
+    CChartDataWindow *dataPage() const { return m_dataPage; }
+    CImageSource *imageSource() const { return m_imageSource; }
+    QTabWidget *tabWidget() const { return m_tabWidget; }
+    QToolBar *mainToolBar() const { return m_toolBar; }
+    QMenu *recentMenu() const { return m_recentMenu; }
+    // The toolbar action of a command (nullptr for commands not on the toolbar).
+    QAction *commandAction(int id) const;
+
+    // Enables or disables every toolbar action of a command.
+    void enableCommand(int id, bool enable);
+    // Zoom in below 15, zoom out from 1, actual size away from 7.
+    void enableZoomCommands(int zoomIndex);
+    // Adds a picked colour to the data set; on success shows the data page.
+    bool addColourToDataSet(double red, double green, double blue);
+    // Active page's title part + the version title.
+    void updateTitle();
+    // Refills the recent images menu and the enabled state of its button.
+    void refreshRecentFiles();
+
+public slots:
+    void displayHelp(const QString &page = QString());
+    void processCommand(int action);
+    void openRecentFile();
+    void clearRecentFilesList();
+    void currentTabChanged(int index);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildToolBar();
+    void buildRecentMenu();
+    void fillRecentMenu();
+    void showOpenedImage();
+
+    QString m_versionTitle;
+    CAppSettings *m_settings = nullptr;
+    QSignalMapper *m_commandMapper = nullptr;
+    QMenu *m_recentMenu = nullptr;
+    QList<QAction *> m_recentActions;
+    QRect m_helpRect;
+    int m_helpSplitA = 0;
+    int m_helpSplitB = 0;
+    QTabWidget *m_tabWidget = nullptr;
+    QWidget *m_currentPage = nullptr;
+    CColourImageWindow *m_samplingPage = nullptr;
+    CChartDataWindow *m_dataPage = nullptr;
+    QToolBar *m_toolBar = nullptr;
+    QToolButton *m_recentButton = nullptr;
+    QList<QAction *> m_commandActions;
+    int m_samplingIndex = -1;
+    int m_dataIndex = -1;
+    CImageSource *m_imageSource = nullptr;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "colour/labcolour.h"
+#include "colour/rgbcolour.h"
+#include "colour/xyzcolour.h"
+
+// sRGB <-> XYZ <-> L*a*b* (D65, 2 degree observer), in double precision.
+// Nothing clamps its input; only xyzToRgb clamps and rounds its output.
+// The Lab -> XYZ linear branch divides f itself by 7.787 without removing
+// 16/116 first: stored and averaged colours depend on that, keep it.
+
+constexpr double kWhiteX = 95.047;
+constexpr double kWhiteY = 100.0;
+constexpr double kWhiteZ = 108.883;
+
+// trunc(v * 10000 + 0.5) / 10000: the one rounding used for four decimals.
+double roundToFourDecimals(double v);
+// trunc(v * 255) kept to its low 8 bits: truncation, so 0.999 gives 254.
+int fractionToByte(double v);
+
+XyzColour rgbToXyz(double red, double green, double blue);
+LabColour xyzToLab(double X, double Y, double Z);
+LabColour rgbToLab(double red, double green, double blue);
+LabColour rgbToLab(const RgbColour &colour);
+XyzColour labToXyz(double L, double a, double b);
+RgbColour xyzToRgb(double X, double Y, double Z);
+RgbColour labToRgb(double L, double a, double b);
+RgbColour labToRgb(const LabColour &lab);

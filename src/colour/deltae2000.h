@@ -1,0 +1,14 @@
+#pragma once
+
+// CIEDE2000 with kL = kC = kH = 1, hue angles in radians. The mean-hue
+// offset of pi is always added, never subtracted, so the mean hue may lie in
+// [0, 3pi): only the rotation term notices, and that is how results have
+// always been scored.
+//
+// Single precision: what matching uses (first colour = table entry, second =
+// sample). A hue difference counts as "greater than pi" when d > float pi.
+float deltaE2000(float L1, float a1, float b1, float L2, float a2, float b2);
+
+// Double precision: same formula; a hue difference within 1e-14 of pi counts
+// as not greater (d >= pi + 1e-14 takes the offset).
+double deltaE2000(double L1, double a1, double b1, double L2, double a2, double b2);
