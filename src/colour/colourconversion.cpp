@@ -1,0 +1,102 @@
+#include "colour/colourconversion.h"
+
+#include <cmath>
+
+namespace {
+
+double linearise(double c)
+{
+    return c > 0.04045 ? std::pow((c + 0.055) / 1.055, 2.4) : c / 12.92;
+}
+
+double labF(double t)
+{
+    return t > 0.008856 ? std::cbrt(t) : 7.787 * t + 16.0 / 116.0;
+}
+
+// Deliberately not the inverse of labF in its linear branch: f / 7.787.
+double labFInverse(double f)
+{
+    const double cube = f * f * f;
+    return cube > 0.008856 ? cube : f / 7.787;
+}
+
+double compand(double v)
+{
+    v = v > 0.0031308 ? 1.055 * std::pow(v, 1.0 / 2.4) - 0.055 : 12.92 * v;
+    if (v < 0.0)
+        return 0.0;
+    if (v > 1.0)
+        return 1.0;
+    return roundToFourDecimals(v);
+}
+
+} // namespace
+
+double roundToFourDecimals(double v)
+{
+    return std::trunc(v * 10000.0 + 0.5) / 10000.0;
+}
+
+int fractionToByte(double v)
+{
+    return static_cast<int>(static_cast<long long>(std::trunc(v * 255.0)) & 0xff);
+}
+
+XyzColour rgbToXyz(double red, double green, double blue)
+{
+    const double r = linearise(red) * 100.0;
+    const double g = linearise(green) * 100.0;
+    const double b = linearise(blue) * 100.0;
+    return {0.4124 * r + 0.3576 * g + 0.1805 * b,
+            0.2126 * r + 0.7152 * g + 0.0722 * b,
+            0.0193 * r + 0.1192 * g + 0.9505 * b};
+}
+
+LabColour xyzToLab(double X, double Y, double Z)
+{
+    const double fx = labF(X / kWhiteX);
+    const double fy = labF(Y / kWhiteY);
+    const double fz = labF(Z / kWhiteZ);
+    return {116.0 * fy - 16.0, 500.0 * (fx - fy), 200.0 * (fy - fz)};
+}
+
+LabColour rgbToLab(double red, double green, double blue)
+{
+    const XyzColour xyz = rgbToXyz(red, green, blue);
+    return xyzToLab(xyz.X, xyz.Y, xyz.Z);
+}
+
+LabColour rgbToLab(const RgbColour &colour)
+{
+    return rgbToLab(colour.red, colour.green, colour.blue);
+}
+
+XyzColour labToXyz(double L, double a, double b)
+{
+    const double fy = (L + 16.0) / 116.0;
+    const double fx = a / 500.0 + fy;
+    const double fz = fy - b / 200.0;
+    return {kWhiteX * labFInverse(fx), kWhiteY * labFInverse(fy), kWhiteZ * labFInverse(fz)};
+}
+
+RgbColour xyzToRgb(double X, double Y, double Z)
+{
+    const double x = X / 100.0;
+    const double y = Y / 100.0;
+    const double z = Z / 100.0;
+    return {compand(3.2406 * x - 1.5372 * y - 0.4986 * z),
+            compand(-0.9689 * x + 1.8758 * y + 0.0415 * z),
+            compand(0.0557 * x - 0.2040 * y + 1.0570 * z)};
+}
+
+RgbColour labToRgb(double L, double a, double b)
+{
+    const XyzColour xyz = labToXyz(L, a, b);
+    return xyzToRgb(xyz.X, xyz.Y, xyz.Z);
+}
+
+RgbColour labToRgb(const LabColour &lab)
+{
+    return labToRgb(lab.L, lab.a, lab.b);
+}
