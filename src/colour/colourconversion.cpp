@@ -4,11 +4,6 @@
 
 namespace {
 
-double linearise(double c)
-{
-    return c > 0.04045 ? std::pow((c + 0.055) / 1.055, 2.4) : c / 12.92;
-}
-
 double labF(double t)
 {
     return t > 0.008856 ? std::cbrt(t) : 7.787 * t + 16.0 / 116.0;
@@ -21,9 +16,9 @@ double labFInverse(double f)
     return cube > 0.008856 ? cube : f / 7.787;
 }
 
-double compand(double v)
+double compandClampAndRound(double v)
 {
-    v = v > 0.0031308 ? 1.055 * std::pow(v, 1.0 / 2.4) - 0.055 : 12.92 * v;
+    v = srgbCompand(v);
     if (v < 0.0)
         return 0.0;
     if (v > 1.0)
@@ -32,6 +27,16 @@ double compand(double v)
 }
 
 } // namespace
+
+double srgbLinearise(double c)
+{
+    return c > 0.04045 ? std::pow((c + 0.055) / 1.055, 2.4) : c / 12.92;
+}
+
+double srgbCompand(double v)
+{
+    return v > 0.0031308 ? 1.055 * std::pow(v, 1.0 / 2.4) - 0.055 : 12.92 * v;
+}
 
 double roundToFourDecimals(double v)
 {
@@ -45,9 +50,9 @@ int fractionToByte(double v)
 
 XyzColour rgbToXyz(double red, double green, double blue)
 {
-    const double r = linearise(red) * 100.0;
-    const double g = linearise(green) * 100.0;
-    const double b = linearise(blue) * 100.0;
+    const double r = srgbLinearise(red) * 100.0;
+    const double g = srgbLinearise(green) * 100.0;
+    const double b = srgbLinearise(blue) * 100.0;
     return {0.4124 * r + 0.3576 * g + 0.1805 * b,
             0.2126 * r + 0.7152 * g + 0.0722 * b,
             0.0193 * r + 0.1192 * g + 0.9505 * b};
@@ -85,9 +90,9 @@ RgbColour xyzToRgb(double X, double Y, double Z)
     const double x = X / 100.0;
     const double y = Y / 100.0;
     const double z = Z / 100.0;
-    return {compand(3.2406 * x - 1.5372 * y - 0.4986 * z),
-            compand(-0.9689 * x + 1.8758 * y + 0.0415 * z),
-            compand(0.0557 * x - 0.2040 * y + 1.0570 * z)};
+    return {compandClampAndRound(3.2406 * x - 1.5372 * y - 0.4986 * z),
+            compandClampAndRound(-0.9689 * x + 1.8758 * y + 0.0415 * z),
+            compandClampAndRound(0.0557 * x - 0.2040 * y + 1.0570 * z)};
 }
 
 RgbColour labToRgb(double L, double a, double b)

@@ -18,6 +18,12 @@ double roundToFourDecimals(double v);
 // trunc(v * 255) kept to its low 8 bits: truncation, so 0.999 gives 254.
 int fractionToByte(double v);
 
+// The sRGB transfer curve one component at a time, without clamping or
+// rounding. Both thresholds are strict: 0.04045 and 0.0031308 themselves
+// take the linear segment.
+double srgbLinearise(double c);
+double srgbCompand(double v);
+
 XyzColour rgbToXyz(double red, double green, double blue);
 LabColour xyzToLab(double X, double Y, double Z);
 LabColour rgbToLab(double red, double green, double blue);
