@@ -91,7 +91,7 @@ QString matchText(float deltaE, bool asPercent)
 {
     const float clamped = clampedDeltaE(deltaE);
     const QString value =
-        asPercent ? translated("%1% match").arg(double(matchPercent(deltaE)), 0, 'f', 0)
-                  : translated("\u0394E:%1").arg(double(clamped), 0, 'f', 1);
-    return translated("%1\n%2").arg(verdictShortText(verdict(clamped)), value);
+        asPercent ? translated(QT_TRANSLATE_NOOP("QObject", "%1% match")).arg(double(matchPercent(deltaE)), 0, 'f', 0)
+                  : translated(QT_TRANSLATE_NOOP("QObject", "\u0394E:%1")).arg(double(clamped), 0, 'f', 1);
+    return translated(QT_TRANSLATE_NOOP("QObject", "%1\n%2")).arg(verdictShortText(verdict(clamped)), value);
 }
