@@ -90,8 +90,11 @@ QString verdictLongText(int verdictIndex)
 QString matchText(float deltaE, bool asPercent)
 {
     const float clamped = clampedDeltaE(deltaE);
-    const QString value =
-        asPercent ? translated(QT_TRANSLATE_NOOP("QObject", "%1% match")).arg(double(matchPercent(deltaE)), 0, 'f', 0)
-                  : translated(QT_TRANSLATE_NOOP("QObject", "\u0394E:%1")).arg(double(clamped), 0, 'f', 1);
-    return translated(QT_TRANSLATE_NOOP("QObject", "%1\n%2")).arg(verdictShortText(verdict(clamped)), value);
+    const QString value = asPercent
+                              ? translated(QT_TRANSLATE_NOOP("QObject", "%1% match"))
+                                    .arg(double(matchPercent(deltaE)), 0, 'f', 0)
+                              : translated(QT_TRANSLATE_NOOP("QObject", "\u0394E:%1"))
+                                    .arg(double(clamped), 0, 'f', 1);
+    return translated(QT_TRANSLATE_NOOP("QObject", "%1\n%2"))
+        .arg(verdictShortText(verdict(clamped)), value);
 }
