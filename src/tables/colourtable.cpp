@@ -213,16 +213,24 @@ bool CColourTable::writeFileSafely(const QString &path, const QByteArray &bytes,
         setError(errorText, translated("%1 is a folder.").arg(path));
         return false;
     }
+    QByteArray content = bytes;
+#ifdef Q_OS_WIN
+    // Text files get the platform's line ends.
+    content.replace("\n", "\r\n");
+#endif
     QSaveFile file(path);
     // Where no temporary file can be made beside the target, write in place
     // rather than not at all.
     file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+    if (!file.open(QIODevice::WriteOnly)) {
         setError(errorText, file.errorString());
         return false;
     }
-    if (file.write(bytes) != bytes.size()) {
-        setError(errorText, file.errorString());
+    // A full disk or a file size limit shows up as a short write that Qt
+    // does not report as an error, and commit() would then replace the old
+    // file by a truncated one: check the size before committing.
+    if (file.write(content) != content.size() || !file.flush() || file.size() != content.size()) {
+        setError(errorText, translated("Could not write all of %1: the disk may be full.").arg(path));
         file.cancelWriting();
         return false;
     }

@@ -91,6 +91,7 @@ private slots:
     void writeCreatesMissingFolders();
     void writeFailsWhenParentIsAFile();
     void writeFailsWhenFolderStandsInPlaceOfFile();
+    void writeErrorKeepsOldFileIntact_data();
     void writeErrorKeepsOldFileIntact();
     void writeErrorLeavesNoTemporaryFiles();
 
@@ -586,18 +587,30 @@ void TestColourTable::writeFailsWhenFolderStandsInPlaceOfFile()
     QCOMPARE(FixtureFile::read(path("taken.clrtable/inside.txt")), QByteArray("keep me"));
 }
 
+void TestColourTable::writeErrorKeepsOldFileIntact_data()
+{
+    QTest::addColumn<int>("entries");
+    QTest::addColumn<int>("limit");
+    // Content that fits in the write buffer only fails when it is flushed.
+    QTest::newRow("short content") << 10 << 64;
+    QTest::newRow("long content") << 5000 << 4096;
+}
+
 void TestColourTable::writeErrorKeepsOldFileIntact()
 {
+    QFETCH(int, entries);
+    QFETCH(int, limit);
     const QString target = path("precious.clrtable");
     const QByteArray old = "#old\n0.1000, 0.2000, 0.3000, Old\n";
     QVERIFY(FixtureFile::write(target, old));
     CColourTable table;
-    fill(table, 5000); // far more than the limit below
+    fill(table, entries);
+    QVERIFY(table.serialise().size() > limit);
     QString error;
     bool written = true;
     {
-        FileSizeLimit limit(4096);
-        QVERIFY(limit.isActive());
+        FileSizeLimit sizeLimit(rlim_t(limit));
+        QVERIFY(sizeLimit.isActive());
         written = table.write(target, &error);
     }
     QVERIFY(!written);
