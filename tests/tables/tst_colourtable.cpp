@@ -609,7 +609,7 @@ void TestColourTable::writeErrorKeepsOldFileIntact()
     QString error;
     bool written = true;
     {
-        FileSizeLimit sizeLimit(rlim_t(limit));
+        FileSizeLimit sizeLimit{rlim_t(limit)};
         QVERIFY(sizeLimit.isActive());
         written = table.write(target, &error);
     }
