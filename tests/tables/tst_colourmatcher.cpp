@@ -5,6 +5,8 @@
 
 #include "support/fixturefile.h"
 
+#include <QRandomGenerator>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -25,6 +27,7 @@ private slots:
     void rowsToShow();
     void matchGivesOneRecordPerEntrySortedByDeltaE();
     void matchUsesSinglePrecisionDeltaEOfEntryThenSample();
+    void matchSortsLargeRandomTable();
     void matchCopiesEntryColourAndLab();
     void identicalColourScoresZero();
     void emptyTableGivesNoRecords();
@@ -102,6 +105,33 @@ void TestColourMatcher::matchUsesSinglePrecisionDeltaEOfEntryThenSample()
         QCOMPARE(r.deltaE, expected);
         QVERIFY(r.deltaE > 0.0f);
     }
+}
+
+void TestColourMatcher::matchSortsLargeRandomTable()
+{
+    QRandomGenerator random(4242);
+    CColourTable table;
+    for (int i = 0; i < 5000; ++i) {
+        // Few distinct colours, so that many differences are equal.
+        table.add(new CColourTableEntry(QString::number(i), random.bounded(8) / 7.0,
+                                        random.bounded(8) / 7.0, random.bounded(8) / 7.0));
+    }
+    const RgbColour sample{0.4, 0.3, 0.9};
+    const LabColour s = rgbToLab(sample);
+    const QVector<CMatchResult> results = CColourMatcher::match(table, sample);
+    QCOMPARE(results.size(), 5000);
+    QSet<QString> seen;
+    for (int i = 0; i < results.size(); ++i) {
+        const CMatchResult &r = results.at(i);
+        if (i > 0)
+            QVERIFY(results.at(i - 1).deltaE <= r.deltaE);
+        const CColourTableEntry *e = table.at(r.name.toInt());
+        QCOMPARE(r.red, e->red);
+        QCOMPARE(r.deltaE, deltaE2000(float(e->L), float(e->a), float(e->b), float(s.L),
+                                      float(s.a), float(s.b)));
+        seen.insert(r.name);
+    }
+    QCOMPARE(seen.size(), 5000);
 }
 
 void TestColourMatcher::matchCopiesEntryColourAndLab()
