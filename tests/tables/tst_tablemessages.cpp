@@ -235,6 +235,17 @@ void TestTableMessages::fillLibraryComboRestoresCursor()
     CColourTable table;
     QCOMPARE(table.load(dir.filePath("One.clrtable")).status, int(CColourTable::Loaded));
     QVERIFY(!QGuiApplication::overrideCursor());
+
+    // A failed load restores it too, and a cursor set by someone else stays.
+    QVERIFY(FixtureFile::write(dir.filePath("Bad.clrtable"), "broken\n"));
+    QGuiApplication::setOverrideCursor(QCursor(Qt::CrossCursor));
+    QCOMPARE(table.load(dir.filePath("Bad.clrtable")).status, int(CColourTable::BadLine));
+    CTableMessages::fillLibraryCombo(dir.path(), &combo);
+    QVERIFY(QGuiApplication::overrideCursor());
+    const Qt::CursorShape shape = QGuiApplication::overrideCursor()->shape();
+    QGuiApplication::restoreOverrideCursor();
+    QCOMPARE(shape, Qt::CrossCursor);
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void TestTableMessages::rememberedTableIsSelected()
