@@ -41,6 +41,10 @@ public:
     // replaced only once the new content is safely written. On failure
     // returns false and, when errorText is given, stores the reason.
     bool write(const QString &path, QString *errorText = nullptr) const;
+    // Replaces path with bytes so that a failed write (disk full, I/O error)
+    // leaves any old file as it was. Does not create folders.
+    static bool writeFileSafely(const QString &path, const QByteArray &bytes,
+                                QString *errorText = nullptr);
 
     bool containsName(const QString &name) const; // exact, case-sensitive
 
@@ -53,6 +57,9 @@ public:
     CColourTableEntry *at(int index) const { return m_entries.at(index); }
 
 protected:
+    // Reads one line already converted and trimmed; false for a bad data line.
+    bool readLine(const QString &line);
+
     QString m_filePath;
     QString m_header;
     QList<CColourTableEntry *> m_entries;

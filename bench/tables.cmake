@@ -1,0 +1,1 @@
+vellora_bench(bench_tables SOURCES bench_tables.cpp)

@@ -1,0 +1,75 @@
+#include "app/tablemessages.h"
+
+#include "tables/colourlibrary.h"
+#include "tables/colourtable.h"
+#include "tables/waitcursor.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QMessageBox>
+
+bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
+                                      const QString &path)
+{
+    const CColourTable::LoadResult result = table.load(path);
+    if (result.status == CColourTable::CannotOpen) {
+        QMessageBox::critical(parent, tr("Vellora"),
+                              tr("Error while attempting to open colour table file:\n%1").arg(path),
+                              QMessageBox::Ok);
+        return false;
+    }
+    if (result.status == CColourTable::BadLine) {
+        QMessageBox::critical(parent, tr("Vellora"),
+                              tr("Unable to load colour table:\n%1\n\nError in line %2")
+                                  .arg(tableName)
+                                  .arg(result.lineNumber),
+                              QMessageBox::Ok);
+        return false;
+    }
+    return true;
+}
+
+bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,
+                          bool overwriteWithoutAsking)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    if (!overwriteWithoutAsking && QFileInfo::exists(path)) {
+        const QMessageBox::StandardButton answer = QMessageBox::question(
+            parent, tr("Vellora"),
+            tr("The file:\n%1\nalready exists.\nWould you like to overwrite it?").arg(path),
+            QMessageBox::Yes | QMessageBox::No);
+        if (answer != QMessageBox::Yes)
+            return false;
+    }
+    if (!table.write(path)) {
+        QMessageBox::critical(parent, tr("Vellora"), tr("Error, writing to file: %1.").arg(path),
+                              QMessageBox::Ok);
+        return false;
+    }
+    return true;
+}
+
+void CTableMessages::fillLibraryCombo(const QString &folder, QComboBox *combo)
+{
+    CWaitCursor waitCursor;
+    combo->clear();
+    for (const LibraryTableItem &item : listLibraryTables(folder))
+        combo->addItem(QIcon(), item.name, item.canonicalPath);
+}
+
+int CTableMessages::selectLibraryTable(QComboBox *combo, const QString &rememberedPath)
+{
+    if (combo->count() == 0)
+        return -1;
+    int chosen = 0;
+    for (int i = 0; i < combo->count(); ++i) {
+        if (combo->itemData(i).toString() == rememberedPath)
+            chosen = i;
+    }
+    if (combo->currentIndex() == chosen)
+        combo->setCurrentIndex(-1);
+    combo->setCurrentIndex(chosen);
+    return chosen;
+}

@@ -1,0 +1,30 @@
+#include "tables/colourlibrary.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+QList<LibraryTableItem> listLibraryTables(const QString &folder)
+{
+    // QDir would read an empty path as the working folder.
+    if (folder.isEmpty())
+        return {};
+    // Without QDir::CaseSensitive the name filter ignores case, so
+    // "c.CLRTABLE" is a table too; QDir::Files leaves out folders and
+    // hidden files.
+    const QDir dir(folder, QStringLiteral("*.clrtable"), QDir::Name | QDir::IgnoreCase, QDir::Files);
+    QList<LibraryTableItem> items;
+    const QFileInfoList infos = dir.entryInfoList();
+    items.reserve(infos.size());
+    for (const QFileInfo &info : infos)
+        items.append({info.completeBaseName(), info.canonicalFilePath()});
+    return items;
+}
+
+QString libraryTablePath(const QString &libraryFolder, const QString &tableName)
+{
+    const QFileInfo info(QDir(libraryFolder), tableName);
+    QString path = info.path() + QLatin1Char('/') + info.completeBaseName();
+    if (info.suffix().isEmpty())
+        path += QStringLiteral(".clrtable");
+    return path;
+}

@@ -1,0 +1,3 @@
+#include "tables/libcolourtable.h"
+
+CLibColourTable::~CLibColourTable() = default;
