@@ -61,6 +61,17 @@ void ensureFolderExists(QString &folder, const QString &message)
     folder.clear();
 }
 
+// A folder the user chose is left alone: it is their business whether it
+// exists, and the dialogs that use it report it. An unset one becomes its
+// default, made first.
+void fillFromDefault(QString &folder, QString &defaultFolder, const char *failureMessage)
+{
+    if (!folder.isEmpty())
+        return;
+    ensureFolderExists(defaultFolder, translate(failureMessage));
+    folder = defaultFolder;
+}
+
 } // namespace
 
 CAppSettings::CAppSettings()
@@ -105,22 +116,16 @@ void CAppSettings::loadPreferences()
 
 void CAppSettings::createDataFolders()
 {
-    // A folder the user chose is left alone: it is their business whether it
-    // exists, and the dialogs that use it report it.
-    if (dataDir.isEmpty()) {
-        ensureFolderExists(dataDefaultDir,
-                           translate("Unable to create the Vellora Data folder:\n  %1\nPlease "
-                                     "ensure that the hard drive is neither full nor "
-                                     "write-protected.\n\n"));
-        dataDir = dataDefaultDir;
-    }
-    if (libraryDir.isEmpty()) {
-        ensureFolderExists(libraryDefaultDir,
-                           translate("Unable to create the Colour Tables folder:\n  %1\nPlease "
-                                     "ensure that the hard drive is neither full nor "
-                                     "write-protected.\n\n"));
-        libraryDir = libraryDefaultDir;
-    }
+    fillFromDefault(dataDir, dataDefaultDir,
+                    QT_TRANSLATE_NOOP("CAppSettings",
+                                      "Unable to create the Vellora Data folder:\n  %1\nPlease "
+                                      "ensure that the hard drive is neither full nor "
+                                      "write-protected.\n\n"));
+    fillFromDefault(libraryDir, libraryDefaultDir,
+                    QT_TRANSLATE_NOOP("CAppSettings",
+                                      "Unable to create the Colour Tables folder:\n  %1\nPlease "
+                                      "ensure that the hard drive is neither full nor "
+                                      "write-protected.\n\n"));
 }
 
 void CAppSettings::createSampleTable()

@@ -2,6 +2,7 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
+#include "support/storedsettings.h"
 #include "support/temphome.h"
 
 #include <QDir>
@@ -12,25 +13,6 @@
 #include <QtTest>
 
 namespace {
-
-QVariant storedValue(const QString &key)
-{
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    return store.value(key);
-}
-
-bool isStored(const QString &key)
-{
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    return store.contains(key);
-}
-
-void storeValue(const QString &key, const QVariant &value)
-{
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    store.setValue(key, value);
-    store.sync();
-}
 
 QRect screenRect()
 {
@@ -125,20 +107,20 @@ void TestAppSettings::storedKeysAreRead()
 {
     QTemporaryDir data;
     QTemporaryDir library;
-    storeValue("Directory/workdir", "/pictures");
-    storeValue("Directory/recentFilesList", QStringList{"/a.png", "/b.png"});
-    storeValue("DataDirectory/dfltDirectory", data.path());
-    storeValue("DataDirectory/directory", data.path() + "/sets");
-    storeValue("ColourLibrary/dfltDirectory", library.path());
-    storeValue("ColourLibrary/directory", library.path() + "/chosen");
-    storeValue("ColourLibrary/selected", "/lib/Reds.clrtable");
-    storeValue("Sample/created", true);
-    storeValue("General/maxRecordsDisplay", 7);
-    storeValue("Colour/rgbFormat", 2);
-    storeValue("Colour/rgbAverage", false);
-    storeValue("Colour/rgbDifference", false);
-    storeValue("General/showStartTip", false);
-    storeValue("General/startTipIndex", 12);
+    StoredSettings::setValue("Directory/workdir", "/pictures");
+    StoredSettings::setValue("Directory/recentFilesList", QStringList{"/a.png", "/b.png"});
+    StoredSettings::setValue("DataDirectory/dfltDirectory", data.path());
+    StoredSettings::setValue("DataDirectory/directory", data.path() + "/sets");
+    StoredSettings::setValue("ColourLibrary/dfltDirectory", library.path());
+    StoredSettings::setValue("ColourLibrary/directory", library.path() + "/chosen");
+    StoredSettings::setValue("ColourLibrary/selected", "/lib/Reds.clrtable");
+    StoredSettings::setValue("Sample/created", true);
+    StoredSettings::setValue("General/maxRecordsDisplay", 7);
+    StoredSettings::setValue("Colour/rgbFormat", 2);
+    StoredSettings::setValue("Colour/rgbAverage", false);
+    StoredSettings::setValue("Colour/rgbDifference", false);
+    StoredSettings::setValue("General/showStartTip", false);
+    StoredSettings::setValue("General/startTipIndex", 12);
 
     CAppSettings settings;
     QCOMPARE(settings.workDir, QStringLiteral("/pictures"));
@@ -162,8 +144,8 @@ void TestAppSettings::storedKeysAreRead()
 
 void TestAppSettings::valuesAreNotRangeChecked()
 {
-    storeValue("General/maxRecordsDisplay", 12);
-    storeValue("Colour/rgbFormat", 5);
+    StoredSettings::setValue("General/maxRecordsDisplay", 12);
+    StoredSettings::setValue("Colour/rgbFormat", 5);
     CAppSettings settings;
     QCOMPARE(settings.maxRecordsDisplay, 12);
     QCOMPARE(settings.rgbFormat, 5);
@@ -171,8 +153,8 @@ void TestAppSettings::valuesAreNotRangeChecked()
 
 void TestAppSettings::wrongTypesReadAsZeroOrFalse()
 {
-    storeValue("General/maxRecordsDisplay", "many");
-    storeValue("Colour/rgbAverage", QStringList{"yes", "no"});
+    StoredSettings::setValue("General/maxRecordsDisplay", "many");
+    StoredSettings::setValue("Colour/rgbAverage", QStringList{"yes", "no"});
     CAppSettings settings;
     QCOMPARE(settings.maxRecordsDisplay, 0);
     QCOMPARE(settings.rgbAverage, false);
@@ -218,11 +200,11 @@ void TestAppSettings::saveWritesEveryKey()
         settings.rgbDifference = false;
         settings.showStartTip = false;
         settings.startTipIndex = 5;
-        QVERIFY(!isStored(key));
+        QVERIFY(!StoredSettings::contains(key));
         settings.save(nullptr);
     }
-    QVERIFY(isStored(key));
-    const QVariant stored = storedValue(key);
+    QVERIFY(StoredSettings::contains(key));
+    const QVariant stored = StoredSettings::value(key);
     if (expected.type() == QVariant::StringList)
         QCOMPARE(stored.toStringList(), expected.toStringList());
     else if (expected.type() == QVariant::Bool)
@@ -239,18 +221,18 @@ void TestAppSettings::saveWritesMainWindowRectFromFramePositionAndClientSize()
     window.resize(500, 400);
     window.move(30, 40);
     window.settings()->save(&window);
-    QCOMPARE(storedValue("Layout/mainwindow").toRect(), QRect(window.pos(), QSize(500, 400)));
+    QCOMPARE(StoredSettings::value("Layout/mainwindow").toRect(), QRect(window.pos(), QSize(500, 400)));
     // No help window has been opened, so its layout is not written.
-    QVERIFY(!isStored("Layout/helpwindow"));
-    QVERIFY(!isStored("Layout/helpsplitA"));
+    QVERIFY(!StoredSettings::contains("Layout/helpwindow"));
+    QVERIFY(!StoredSettings::contains("Layout/helpsplitA"));
 }
 
 void TestAppSettings::nothingIsWrittenBeforeSave()
 {
     CAppSettings settings;
     settings.maxRecordsDisplay = 6;
-    QVERIFY(!isStored("General/maxRecordsDisplay"));
-    QVERIFY(!isStored("Directory/workdir"));
+    QVERIFY(!StoredSettings::contains("General/maxRecordsDisplay"));
+    QVERIFY(!StoredSettings::contains("Directory/workdir"));
 }
 
 void TestAppSettings::sameImageTwiceLeavesOneEntryAtFront()
@@ -282,9 +264,9 @@ void TestAppSettings::addingARecentFileSavesAtOnce()
     CAppSettings settings;
     settings.rgbFormat = 2;
     settings.addRecentFile(nullptr, "/img/a.png");
-    QCOMPARE(storedValue("Directory/recentFilesList").toStringList(), QStringList{"/img/a.png"});
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(), QStringList{"/img/a.png"});
     // A save writes everything, not only the list.
-    QCOMPARE(storedValue("Colour/rgbFormat").toInt(), 2);
+    QCOMPARE(StoredSettings::value("Colour/rgbFormat").toInt(), 2);
 }
 
 void TestAppSettings::removingARecentFileSavesAtOnce()
@@ -294,7 +276,7 @@ void TestAppSettings::removingARecentFileSavesAtOnce()
     settings.addRecentFile(nullptr, "/img/b.png");
     settings.removeRecentFile(nullptr, "/img/a.png");
     QCOMPARE(settings.recentFiles, QStringList{"/img/b.png"});
-    QCOMPARE(storedValue("Directory/recentFilesList").toStringList(), QStringList{"/img/b.png"});
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(), QStringList{"/img/b.png"});
 }
 
 void TestAppSettings::clearingRecentFilesSavesAtOnce()
@@ -303,7 +285,7 @@ void TestAppSettings::clearingRecentFilesSavesAtOnce()
     settings.addRecentFile(nullptr, "/img/a.png");
     settings.clearRecentFiles(nullptr);
     QVERIFY(settings.recentFiles.isEmpty());
-    QVERIFY(storedValue("Directory/recentFilesList").toStringList().isEmpty());
+    QVERIFY(StoredSettings::value("Directory/recentFilesList").toStringList().isEmpty());
 }
 
 void TestAppSettings::absentMainWindowRectFollowsTheScreen()
@@ -319,7 +301,7 @@ void TestAppSettings::absentMainWindowRectFollowsTheScreen()
 void TestAppSettings::rectPartlyOffScreenRightIsShiftedLeftKeepingItsSize()
 {
     const QRect screen = screenRect();
-    storeValue("Layout/mainwindow", QRect(screen.right() - 100, 50, 300, 200));
+    StoredSettings::setValue("Layout/mainwindow", QRect(screen.right() - 100, 50, 300, 200));
     CAppSettings settings;
     QWidget widget;
     const QRect rect = settings.restoreMainWindowRect(&widget);
@@ -335,7 +317,7 @@ void TestAppSettings::rectPartlyOffScreenRightIsShiftedLeftKeepingItsSize()
 
 void TestAppSettings::rectSmallerThan64IsWidened()
 {
-    storeValue("Layout/mainwindow", QRect(10, 20, 30, 12));
+    StoredSettings::setValue("Layout/mainwindow", QRect(10, 20, 30, 12));
     CAppSettings settings;
     QWidget widget;
     QCOMPARE(settings.restoreMainWindowRect(&widget), QRect(10, 20, 64, 64));
@@ -343,7 +325,7 @@ void TestAppSettings::rectSmallerThan64IsWidened()
 
 void TestAppSettings::rectSmallerThanWidgetMinimumIsWidened()
 {
-    storeValue("Layout/mainwindow", QRect(10, 20, 150, 100));
+    StoredSettings::setValue("Layout/mainwindow", QRect(10, 20, 150, 100));
     CAppSettings settings;
     QWidget widget;
     widget.setMinimumSize(200, 40);
@@ -390,9 +372,9 @@ void TestAppSettings::helpLayoutDefaultsFollowTheReference()
 
 void TestAppSettings::helpLayoutStoredValuesAreRead()
 {
-    storeValue("Layout/helpwindow", QRect(20, 30, 400, 300));
-    storeValue("Layout/helpsplitA", 111);
-    storeValue("Layout/helpsplitB", 222);
+    StoredSettings::setValue("Layout/helpwindow", QRect(20, 30, 400, 300));
+    StoredSettings::setValue("Layout/helpsplitA", 111);
+    StoredSettings::setValue("Layout/helpsplitB", 222);
     CAppSettings settings;
     int a = 0;
     int b = 0;
@@ -406,10 +388,10 @@ void TestAppSettings::matchUnitsChangeIsStoredWhenTheWindowCloses()
     CMainWindow window(AppContext::versionTitle());
     window.show();
     window.settings()->rgbDifference = false; // as the configuration dialog does
-    QVERIFY(!isStored("Colour/rgbDifference"));
+    QVERIFY(!StoredSettings::contains("Colour/rgbDifference"));
     QVERIFY(window.close());
-    QVERIFY(isStored("Colour/rgbDifference"));
-    QCOMPARE(storedValue("Colour/rgbDifference").toBool(), false);
+    QVERIFY(StoredSettings::contains("Colour/rgbDifference"));
+    QCOMPARE(StoredSettings::value("Colour/rgbDifference").toBool(), false);
 }
 
 void TestAppSettings::matchUnitsChangeIsLostWithoutClose()
@@ -418,12 +400,12 @@ void TestAppSettings::matchUnitsChangeIsLostWithoutClose()
     window->show();
     window->settings()->rgbDifference = false;
     // A crash: nothing is closed, the store is simply read again.
-    QVERIFY(!isStored("Colour/rgbDifference"));
+    QVERIFY(!StoredSettings::contains("Colour/rgbDifference"));
     CAppSettings reread;
     QCOMPARE(reread.rgbDifference, true);
     // Deleting the window is not closing it: still nothing written.
     delete window;
-    QVERIFY(!isStored("Colour/rgbDifference"));
+    QVERIFY(!StoredSettings::contains("Colour/rgbDifference"));
 }
 
 QTEST_MAIN(TestAppSettings)

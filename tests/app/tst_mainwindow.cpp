@@ -7,12 +7,12 @@
 
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
+#include "support/storedsettings.h"
 #include "support/temphome.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
-#include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -24,8 +24,7 @@ namespace {
 
 QStringList storedRecentFiles()
 {
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    return store.value(QStringLiteral("Directory/recentFilesList")).toStringList();
+    return StoredSettings::value(QStringLiteral("Directory/recentFilesList")).toStringList();
 }
 
 QImage iconImage(const QIcon &icon)
@@ -92,6 +91,7 @@ private slots:
     void recentImagesDisabledWithAnEmptyList();
     void recentImagesEnabledAfterTheFirstImageOpens();
     void recentMenuEndsWithClearList();
+    void recentImagesCommandPopsUpTheMenuAtItsButton();
     void recentMenuShowsAtMostSixEntries();
     void choosingAnExistingRecentImageShowsTheSamplingPage();
     void deletedRecentImageDisappearsAndTheListIsSavedAtOnce();
@@ -346,6 +346,34 @@ void TestMainWindow::recentMenuEndsWithClearList()
         QVERIFY(!actions.at(i)->isVisible());
 }
 
+void TestMainWindow::recentImagesCommandPopsUpTheMenuAtItsButton()
+{
+    const QString path = writeImage("popup.png");
+    CMainWindow window(AppContext::versionTitle());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    window.settings()->addRecentFile(&window, path);
+    window.refreshRecentFiles();
+    QWidget *button = window.mainToolBar()->widgetForAction(window.commandAction(CmdRecentImages));
+
+    QWidget *popup = nullptr;
+    QPoint popupPos;
+    QStringList entries;
+    QTimer::singleShot(50, [&]() {
+        popup = QApplication::activePopupWidget();
+        if (!popup)
+            return;
+        popupPos = popup->pos();
+        for (QAction *action : visibleRecentEntries(window.recentMenu()))
+            entries << action->text();
+        popup->close();
+    });
+    window.commandAction(CmdRecentImages)->trigger();
+    QCOMPARE(popup, static_cast<QWidget *>(window.recentMenu()));
+    QCOMPARE(entries, QStringList{"&1 popup.png"});
+    QCOMPARE(popupPos, button->mapToGlobal(QPoint(0, 0)));
+}
+
 void TestMainWindow::recentMenuShowsAtMostSixEntries()
 {
     QStringList paths;
@@ -494,9 +522,8 @@ void TestMainWindow::exitClosesAndSavesTheSettings()
     window.settings()->maxRecordsDisplay = 3;
     window.processCommand(CmdExit);
     QVERIFY(!window.isVisible());
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    QCOMPARE(store.value("General/maxRecordsDisplay").toInt(), 3);
-    QVERIFY(store.contains("Layout/mainwindow"));
+    QCOMPARE(StoredSettings::value("General/maxRecordsDisplay").toInt(), 3);
+    QVERIFY(StoredSettings::contains("Layout/mainwindow"));
 }
 
 void TestMainWindow::altHIsAWindowWideShortcut()

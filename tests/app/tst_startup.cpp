@@ -2,6 +2,7 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
+#include "support/storedsettings.h"
 #include "support/temphome.h"
 
 #include <QAbstractButton>
@@ -58,19 +59,6 @@ private:
 
     QTimer m_timer;
 };
-
-QVariant storedValue(const QString &key)
-{
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    return store.value(key);
-}
-
-void storeValue(const QString &key, const QVariant &value)
-{
-    QSettings store(QStringLiteral("Tessaline"), QStringLiteral("Vellora"));
-    store.setValue(key, value);
-    store.sync();
-}
 
 } // namespace
 
@@ -142,17 +130,17 @@ void TestStartup::sampleCreatedIsStoredAtTheNextSave()
     CMainWindow window(AppContext::versionTitle());
     QVERIFY(window.settings()->sampleCreated);
     // In memory only until the next save.
-    QVERIFY(!QSettings("Tessaline", "Vellora").contains("Sample/created"));
+    QVERIFY(!StoredSettings::contains("Sample/created"));
     window.show();
     QVERIFY(window.close());
-    QCOMPARE(storedValue("Sample/created").toBool(), true);
+    QCOMPARE(StoredSettings::value("Sample/created").toBool(), true);
 }
 
 void TestStartup::chosenLibraryFolderReceivesTheSample()
 {
     QTemporaryDir chosen;
-    storeValue("ColourLibrary/directory", chosen.path());
-    storeValue("Sample/created", false);
+    StoredSettings::setValue("ColourLibrary/directory", chosen.path());
+    StoredSettings::setValue("Sample/created", false);
     CAppSettings settings;
     QVERIFY(QFileInfo(chosen.path() + "/WebColours.clrtable").isFile());
     QVERIFY(settings.sampleCreated);
@@ -166,19 +154,19 @@ void TestStartup::missingChosenLibraryFolderIsNotCreatedAndSampleSilentlySkipped
 {
     QTemporaryDir parent;
     const QString missing = parent.path() + "/gone";
-    storeValue("ColourLibrary/directory", missing);
+    StoredSettings::setValue("ColourLibrary/directory", missing);
     MessageBoxLog log;
     CAppSettings settings;
     QVERIFY(!QFileInfo::exists(missing));
     QVERIFY(!settings.sampleCreated);
     QVERIFY(log.entries.isEmpty());
     settings.save(nullptr);
-    QCOMPARE(storedValue("Sample/created").toBool(), false);
+    QCOMPARE(StoredSettings::value("Sample/created").toBool(), false);
 }
 
 void TestStartup::sampleIsNotWrittenAgainOnceCreated()
 {
-    storeValue("Sample/created", true);
+    StoredSettings::setValue("Sample/created", true);
     CAppSettings settings;
     QVERIFY(QFileInfo(libraryFolder()).isDir());
     QVERIFY(!QFileInfo::exists(libraryFolder() + "/WebColours.clrtable"));
@@ -202,7 +190,7 @@ void TestStartup::chosenDataFolderIsNeitherCreatedNorTested()
 {
     QTemporaryDir parent;
     const QString chosen = parent.path() + "/sets";
-    storeValue("DataDirectory/directory", chosen);
+    StoredSettings::setValue("DataDirectory/directory", chosen);
     MessageBoxLog log;
     CAppSettings settings;
     QCOMPARE(settings.dataDir, chosen);
