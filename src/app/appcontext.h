@@ -10,8 +10,13 @@ class CMainWindow;
 namespace AppContext {
 
 QString productName();   // "Vellora"
+int versionMajor();      // 1
+int versionMinor();      // 0
 QString versionTitle();  // "Vellora v1.0.0"
 QString widgetPrefix();  // ":/resources/widgets/"
+// Start-up sets the prefix once; it holds ":/resources/widgets/" from the start
+// so that windows built without going through main (tests) find their images.
+void setWidgetPrefix(const QString &prefix);
 // An image named relative to the widget prefix, e.g. "toolbar/btn_toolbar_open_img.png".
 QIcon widgetIcon(const QString &name);
 // Registers the compiled-in images (needed once per process that shows widgets).

@@ -19,15 +19,28 @@ public:
     CAppSettings(const CAppSettings &) = delete;
     CAppSettings &operator=(const CAppSettings &) = delete;
 
+    // Writes every key; the layout keys need the window (nullptr skips them).
     void save(CMainWindow *mainWindow);
 
     QRect restoreMainWindowRect(QWidget *mainWindow);
+    // The help window's rectangle and splitter sizes. `reference` is the
+    // rectangle the defaults are derived from; `helpWindow` (may be null)
+    // gives the minimum size.
+    QRect restoreHelpLayout(const QRect &reference, QWidget *helpWindow, int *splitA,
+                            int *splitB);
     void addRecentFile(CMainWindow *mainWindow, const QString &path);
     void removeRecentFile(CMainWindow *mainWindow, const QString &path);
     void clearRecentFiles(CMainWindow *mainWindow);
 
     // Makes sure the data and library folders exist (first start).
     void createDataFolders();
+
+    // Reads a stored rectangle and fits it to the primary screen.
+    QRect readRect(const QString &key, const QRect &defaultRect, QWidget *widget);
+    // Widens `rect` to `minimum`, then pulls it back onto `screen`.
+    static QRect fitRectToScreen(QRect rect, const QSize &minimum, const QRect &screen);
+    // Reads baseKey + "A" and baseKey + "B".
+    void readSplit(const QString &baseKey, int defaultA, int defaultB, int *splitA, int *splitB);
 
     QSettings *store = nullptr;
     QString workDir;
@@ -44,4 +57,11 @@ public:
     bool showStartTip = true;
     int startTipIndex = 0;
     bool sampleCreated = false;
+
+private:
+    void loadFolders();
+    void loadPreferences();
+    void createSampleTable();
+    void saveLayouts(CMainWindow *mainWindow);
+    void savePreferences();
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QList>
 #include <QRect>
 
 class CAppSettings;
@@ -58,6 +59,18 @@ public:
     // Refills the recent images menu and the enabled state of its button.
     void refreshRecentFiles();
 
+    // The help window while it exists (nullptr before the first help request)
+    // and its splitter sizes, for the settings save.
+    QWidget *helpWindow() const { return m_helpWindow; }
+    QList<int> helpSplitterSizes() const;
+    // The help window's rectangle and splitter sizes read at construction.
+    QRect helpRect() const { return m_helpRect; }
+    int helpSplitA() const { return m_helpSplitA; }
+    int helpSplitB() const { return m_helpSplitB; }
+
+    // After an accepted configuration: the pages follow the new settings.
+    void applyConfigurationChanges(const QString &libraryDirBefore);
+
 public slots:
     void displayHelp(const QString &page = QString());
     void processCommand(int action);
@@ -69,7 +82,13 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void buildToolBar();
+    void buildToolBar(const QList<QWidget *> &extraWidgets = QList<QWidget *>());
+    QAction *createCommandAction(int id);
+    void addRecentButton(QAction *action);
+    void buildTabs();
+    void runConfiguration();
+    bool execConfigurationDialog();
+    void closeHelpWindow();
     void buildRecentMenu();
     void fillRecentMenu();
     void showOpenedImage();
@@ -80,6 +99,7 @@ private:
     QMenu *m_recentMenu = nullptr;
     QList<QAction *> m_recentActions;
     QRect m_helpRect;
+    QWidget *m_helpWindow = nullptr;
     int m_helpSplitA = 0;
     int m_helpSplitB = 0;
     QTabWidget *m_tabWidget = nullptr;

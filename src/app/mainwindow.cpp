@@ -1,0 +1,432 @@
+#include "app/mainwindow.h"
+
+#include "app/appcontext.h"
+#include "app/appsettings.h"
+#include "data/chartdatawindow.h"
+#include "help/spacerwidget.h"
+#include "sample/colourimagewindow.h"
+#include "sample/imagesource.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QKeySequence>
+#include <QMenu>
+#include <QShortcut>
+#include <QSignalMapper>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+// One row per main command; the shortcut is kept as text, as the platform
+// names it.
+struct CommandRow
+{
+    int id;
+    const char *text;
+    QString shortcut;
+    const char *statusTip;
+    const char *icon;
+};
+
+const int kCommandCount = 9;
+const int kRecentEntries = 6;
+const int kRecentButtonWidth = 21;
+
+// Toolbar layout codes: a command id, or one of these.
+const int kLayoutEnd = -1;
+const int kLayoutExtraWidget = -2;
+const int kLayoutSeparator = -3;
+const int kLayoutWideSpacer = -4;
+const int kLayoutNarrowSpacer = -5;
+const int kLayoutStretch = -6;
+const int kToolBarLayout[] = {0, 1, -3, 2, -4, 6, 8, 7, -6, -3, 4, 3, -1};
+
+QKeySequence zoomActualKey()
+{
+    return QKeySequence(Qt::CTRL + Qt::Key_0);
+}
+
+QString nativeText(const QKeySequence &key)
+{
+    return key.toString(QKeySequence::NativeText);
+}
+
+QVector<CommandRow> &commandTable()
+{
+    static QVector<CommandRow> table = {
+        {CmdRecentImages, QT_TRANSLATE_NOOP("CMainWindow", "Recent Images"), QString(),
+         QT_TRANSLATE_NOOP("CMainWindow", "Recent image files"), "toolbar/btn_toolbar_recent.png"},
+        {CmdOpenImage, QT_TRANSLATE_NOOP("CMainWindow", "Open &Image"), QStringLiteral("ALT+I"),
+         QT_TRANSLATE_NOOP("CMainWindow", "Open an image file"), "toolbar/btn_toolbar_open_img.png"},
+        {CmdConfigure, QT_TRANSLATE_NOOP("CMainWindow", "&Configure"), QStringLiteral("ALT+C"),
+         QT_TRANSLATE_NOOP("CMainWindow", "Display the configuration dialogue box"),
+         "toolbar/btn_toolbar_configure.png"},
+        {CmdExit, QT_TRANSLATE_NOOP("CMainWindow", "E&xit"), QStringLiteral("ALT+X"),
+         QT_TRANSLATE_NOOP("CMainWindow", "Exit the application"), "toolbar/btn_toolbar_exit.png"},
+        {CmdHelpContents, QT_TRANSLATE_NOOP("CMainWindow", "&Contents"), QString(),
+         QT_TRANSLATE_NOOP("CMainWindow", "Help Contents"), "toolbar/btn_toolbar_help.png"},
+        {CmdAbout, QT_TRANSLATE_NOOP("CMainWindow", "&About"), QString(),
+         QT_TRANSLATE_NOOP("CMainWindow", "About"), "toolbar/btn_toolbar_about.png"},
+        {CmdZoomOut, QT_TRANSLATE_NOOP("CMainWindow", "Zoom Out"),
+         nativeText(QKeySequence(QKeySequence::ZoomOut)),
+         QT_TRANSLATE_NOOP("CMainWindow", "Zoom Out: [%1]"), "toolbar/btn_toolbar_zoom_out.png"},
+        {CmdZoomIn, QT_TRANSLATE_NOOP("CMainWindow", "Zoom In"),
+         nativeText(QKeySequence(QKeySequence::ZoomIn)),
+         QT_TRANSLATE_NOOP("CMainWindow", "Zoom In: [%1]"), "toolbar/btn_toolbar_zoom_in.png"},
+        {CmdZoomActual, QT_TRANSLATE_NOOP("CMainWindow", "Zoom Actual Size"),
+         nativeText(zoomActualKey()), QT_TRANSLATE_NOOP("CMainWindow", "Zoom Actual Size: [%1]"),
+         "toolbar/btn_toolbar_zoom_actual.png"},
+    };
+    return table;
+}
+
+// The zoom commands take their shortcut from the key sequence itself, and
+// show its platform name in their status tip.
+bool isZoomCommand(int id)
+{
+    return id == CmdZoomOut || id == CmdZoomIn || id == CmdZoomActual;
+}
+
+QKeySequence zoomKey(int id)
+{
+    if (id == CmdZoomOut)
+        return QKeySequence(QKeySequence::ZoomOut);
+    if (id == CmdZoomIn)
+        return QKeySequence(QKeySequence::ZoomIn);
+    return zoomActualKey();
+}
+
+} // namespace
+
+CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
+    : QMainWindow(parent), m_versionTitle(versionTitle)
+{
+    AppContext::initResources();
+    AppContext::setMainWindow(this);
+    m_settings = new CAppSettings;
+    AppContext::setSettings(m_settings);
+    m_imageSource = new CImageSource(this);
+    setWindowTitle(m_versionTitle);
+    statusBar()->showMessage(tr("Ready"));
+
+    m_samplingPage = new CColourImageWindow(this, this);
+    m_dataPage = new CChartDataWindow(this, this);
+
+    m_commandMapper = new QSignalMapper(this);
+    connect(m_commandMapper, SIGNAL(mapped(int)), this, SLOT(processCommand(int)));
+    commandTable()[CmdHelpContents].shortcut =
+        nativeText(QKeySequence(QKeySequence::HelpContents));
+    buildToolBar();
+    buildRecentMenu();
+
+    const QRect rect = m_settings->restoreMainWindowRect(this);
+    resize(rect.size());
+    move(rect.topLeft());
+    m_helpRect = m_settings->restoreHelpLayout(rect, nullptr, &m_helpSplitA, &m_helpSplitB);
+
+    buildTabs();
+    auto *helpShortcut = new QShortcut(QKeySequence(tr("Alt+H")), this);
+    connect(helpShortcut, &QShortcut::activated, this, [this]() { displayHelp(); });
+}
+
+CMainWindow::~CMainWindow()
+{
+    // The pages may still look at the settings while they go.
+    delete m_tabWidget;
+    m_tabWidget = nullptr;
+    if (AppContext::settings() == m_settings)
+        AppContext::setSettings(nullptr);
+    delete m_settings;
+    if (AppContext::mainWindow() == this)
+        AppContext::setMainWindow(nullptr);
+}
+
+QAction *CMainWindow::commandAction(int id) const
+{
+    return m_commandActions.value(id, nullptr);
+}
+
+QAction *CMainWindow::createCommandAction(int id)
+{
+    const CommandRow &row = commandTable().at(id);
+    auto *action = new QAction(AppContext::widgetIcon(QLatin1String(row.icon)), tr(row.text), this);
+    if (isZoomCommand(id)) {
+        action->setShortcut(zoomKey(id));
+        action->setStatusTip(tr(row.statusTip).arg(nativeText(zoomKey(id))));
+    } else {
+        if (!row.shortcut.isEmpty())
+            action->setShortcut(QKeySequence::fromString(row.shortcut, QKeySequence::NativeText));
+        action->setStatusTip(tr(row.statusTip));
+    }
+    connect(action, SIGNAL(triggered()), m_commandMapper, SLOT(map()));
+    m_commandMapper->setMapping(action, id);
+    return action;
+}
+
+void CMainWindow::buildToolBar(const QList<QWidget *> &extraWidgets)
+{
+    m_toolBar = addToolBar(tr("ToolBarMain"));
+    m_toolBar->setObjectName(QStringLiteral("ToolBarMain"));
+    m_toolBar->setIconSize(QSize(56, 42));
+    m_toolBar->setMovable(false);
+    m_toolBar->setFloatable(false);
+    m_toolBar->setStyleSheet(QStringLiteral("QWidget {border:none;}"));
+    m_commandActions = QList<QAction *>();
+    for (int i = 0; i < kCommandCount; ++i)
+        m_commandActions.append(nullptr);
+
+    int nextExtra = 0;
+    const int height = m_toolBar->sizeHint().height();
+    for (int code : kToolBarLayout) {
+        if (code == kLayoutEnd)
+            break;
+        if (code >= 0) {
+            QAction *action = createCommandAction(code);
+            m_commandActions[code] = action;
+            m_toolBar->addAction(action);
+            QWidget *button = m_toolBar->widgetForAction(action);
+            button->setStyleSheet(QStringLiteral("QWidget:hover {border:1px solid gray;}"));
+            if (code == CmdRecentImages)
+                addRecentButton(action);
+        } else if (code == kLayoutSeparator) {
+            m_toolBar->addSeparator();
+        } else if (code == kLayoutStretch) {
+            auto *stretch = new QWidget(m_toolBar);
+            stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+            m_toolBar->addWidget(stretch);
+        } else if (code == kLayoutWideSpacer) {
+            m_toolBar->addWidget(new CSpacerWidget(4 * height, height, m_toolBar));
+        } else if (code == kLayoutNarrowSpacer) {
+            m_toolBar->addWidget(new CSpacerWidget(height / 2, height, m_toolBar));
+        } else if (code == kLayoutExtraWidget && nextExtra < extraWidgets.size()) {
+            m_toolBar->addWidget(extraWidgets.at(nextExtra++));
+        }
+    }
+}
+
+void CMainWindow::addRecentButton(QAction *action)
+{
+    // A narrow button beside "Open Image"; the recent menu pops up at it.
+    m_recentButton = qobject_cast<QToolButton *>(m_toolBar->widgetForAction(action));
+    if (m_recentButton)
+        m_recentButton->setFixedWidth(kRecentButtonWidth);
+}
+
+void CMainWindow::buildRecentMenu()
+{
+    m_recentMenu = new QMenu(this);
+    for (int i = 0; i < kRecentEntries; ++i) {
+        auto *action = new QAction(this);
+        action->setVisible(false);
+        connect(action, &QAction::triggered, this, &CMainWindow::openRecentFile);
+        m_recentActions.append(action);
+        m_recentMenu->addAction(action);
+    }
+    m_recentMenu->addSeparator();
+    QAction *clear = m_recentMenu->addAction(tr("Clear &List"));
+    clear->setStatusTip(tr("Clear recently used files list"));
+    connect(clear, &QAction::triggered, this, &CMainWindow::clearRecentFilesList);
+    refreshRecentFiles();
+}
+
+void CMainWindow::buildTabs()
+{
+    m_tabWidget = new QTabWidget(this);
+    setCentralWidget(m_tabWidget);
+    m_samplingIndex = m_tabWidget->addTab(m_samplingPage, tr("Sample && Match"));
+    m_dataIndex = m_tabWidget->addTab(m_dataPage, tr("Data"));
+    connect(m_tabWidget, &QTabWidget::currentChanged, this, &CMainWindow::currentTabChanged);
+    m_tabWidget->setCurrentIndex(m_samplingIndex);
+    // Adding the first page made it current before the connection existed.
+    currentTabChanged(m_samplingIndex);
+}
+
+void CMainWindow::fillRecentMenu()
+{
+    const QStringList &files = m_settings->recentFiles;
+    for (int i = 0; i < m_recentActions.size(); ++i) {
+        QAction *action = m_recentActions.at(i);
+        if (i < files.size()) {
+            const QString &path = files.at(i);
+            action->setText(tr("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName()));
+            action->setStatusTip(path);
+            action->setData(path);
+            action->setVisible(true);
+        } else {
+            action->setVisible(false);
+        }
+    }
+}
+
+void CMainWindow::refreshRecentFiles()
+{
+    fillRecentMenu();
+    enableCommand(CmdRecentImages, !m_settings->recentFiles.isEmpty());
+}
+
+void CMainWindow::enableCommand(int id, bool enable)
+{
+    for (QAction *action : m_toolBar->actions()) {
+        if (action == commandAction(id))
+            action->setEnabled(enable);
+    }
+}
+
+void CMainWindow::enableZoomCommands(int zoomIndex)
+{
+    enableCommand(CmdZoomIn, zoomIndex < 15);
+    enableCommand(CmdZoomOut, zoomIndex >= 1);
+    enableCommand(CmdZoomActual, zoomIndex != 7);
+}
+
+void CMainWindow::processCommand(int action)
+{
+    switch (action) {
+    case CmdRecentImages:
+        fillRecentMenu();
+        if (m_recentButton)
+            m_recentMenu->exec(m_toolBar->mapToGlobal(m_recentButton->pos()));
+        break;
+    case CmdOpenImage:
+        if (m_imageSource->open(CmdOpenImage))
+            showOpenedImage();
+        break;
+    case CmdConfigure:
+        runConfiguration();
+        break;
+    case CmdExit:
+        close();
+        break;
+    case CmdHelpContents:
+        displayHelp();
+        break;
+    case CmdZoomOut:
+    case CmdZoomIn:
+    case CmdZoomActual:
+        m_samplingPage->zoomStep(action);
+        break;
+    default:
+        // About (5) and anything unknown: nothing in this release.
+        break;
+    }
+}
+
+void CMainWindow::showOpenedImage()
+{
+    m_samplingPage->showImage(m_imageSource->path(), m_imageSource->image());
+    m_tabWidget->setCurrentIndex(m_samplingIndex);
+    updateTitle();
+    refreshRecentFiles();
+}
+
+void CMainWindow::openRecentFile()
+{
+    auto *action = qobject_cast<QAction *>(sender());
+    const QString path = action ? action->data().toString() : QString();
+    if (path.isEmpty())
+        return;
+    if (m_imageSource->open(CmdOpenImage, path)) {
+        showOpenedImage();
+        return;
+    }
+    m_settings->removeRecentFile(this, path);
+    refreshRecentFiles();
+}
+
+void CMainWindow::clearRecentFilesList()
+{
+    m_settings->clearRecentFiles(this);
+    refreshRecentFiles();
+}
+
+void CMainWindow::currentTabChanged(int index)
+{
+    CMainTabbedWindow *page = nullptr;
+    if (index == m_samplingIndex) {
+        enableZoomCommands(m_samplingPage->zoomIndex());
+        page = m_samplingPage;
+    } else if (index == m_dataIndex) {
+        enableCommand(CmdZoomIn, false);
+        enableCommand(CmdZoomOut, false);
+        enableCommand(CmdZoomActual, false);
+        page = m_dataPage;
+    }
+    if (!page)
+        return;
+    m_currentPage = page;
+    page->activatePage();
+    updateTitle();
+}
+
+void CMainWindow::updateTitle()
+{
+    auto *page = qobject_cast<CMainTabbedWindow *>(m_currentPage);
+    setWindowTitle((page ? page->title() : QString()) + m_versionTitle);
+}
+
+bool CMainWindow::addColourToDataSet(double red, double green, double blue)
+{
+    if (!m_dataPage->addColour(red, green, blue))
+        return false;
+    m_tabWidget->setCurrentIndex(m_dataIndex);
+    updateTitle();
+    return true;
+}
+
+void CMainWindow::runConfiguration()
+{
+    const QString libraryDirBefore = m_settings->libraryDir;
+    if (execConfigurationDialog())
+        applyConfigurationChanges(libraryDirBefore);
+}
+
+bool CMainWindow::execConfigurationDialog()
+{
+    // The configuration dialog is not in this release yet: it will run here
+    // modally and report whether it was accepted. Until then nothing is
+    // changed, exactly as if it had been cancelled.
+    return false;
+}
+
+void CMainWindow::applyConfigurationChanges(const QString &libraryDirBefore)
+{
+    if (m_settings->libraryDir != libraryDirBefore)
+        m_samplingPage->fillLibraryCombo();
+    m_samplingPage->refreshAfterSettingsChange();
+}
+
+void CMainWindow::displayHelp(const QString &page)
+{
+    // The help window is not in this release yet: it will be created here
+    // (titled with the product name, at m_helpRect with the remembered
+    // splitter sizes), kept in m_helpWindow and opened at `page`, the
+    // contents when `page` is empty.
+    Q_UNUSED(page);
+}
+
+QList<int> CMainWindow::helpSplitterSizes() const
+{
+    // Filled in by the help window once it exists.
+    return QList<int>();
+}
+
+void CMainWindow::closeHelpWindow()
+{
+    if (m_helpWindow)
+        m_helpWindow->close();
+}
+
+void CMainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_dataPage->maybeSave()) {
+        event->ignore();
+        return;
+    }
+    m_settings->save(this);
+    closeHelpWindow();
+    event->accept();
+}
