@@ -22,7 +22,15 @@ public:
     bool isLoaded() const { return m_loaded; }
     const QImage &image() const { return m_image; }
 
+    // The filter of the "Open Image" dialog.
+    static QString fileFilter();
+
 private:
+    bool openPath(const QString &path);
+    QString askForFile() const;
+    bool readFile();
+    void reportUnreadable();
+
     CMainWindow *m_parent = nullptr;
     QString m_path;
     bool m_loaded = false;

@@ -1,0 +1,380 @@
+#include "sample/imagewidget.h"
+
+#include "colour/pickgeometry.h"
+#include "sample/colourimagewindow.h"
+#include "sample/colourimagewindowview.h"
+#include "sample/multipleselect.h"
+
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QRubberBand>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const int kMarkFontPixelSize = 16;
+const int kMarkTextGap = 2;
+
+int truncated(double v)
+{
+    return static_cast<int>(std::trunc(v));
+}
+
+QFont markFont(const QFont &base)
+{
+    QFont font(base);
+    font.setPixelSize(kMarkFontPixelSize);
+    return font;
+}
+
+// A cell pattern two cells square, repeated by a texture brush: the
+// checkerboard never exists at the size of the picture.
+QBrush checkerBrush()
+{
+    static const QImage tile = CColourImageWindowView::checkerboard(QSize(20, 20));
+    return QBrush(tile);
+}
+
+} // namespace
+
+CImageWidget::CImageWidget(CColourImageWindowView *view) : QLabel(view), m_view(view)
+{
+    setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    setMouseTracking(true);
+    setBackgroundRole(QPalette::Base);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    setScaledContents(true);
+
+    m_pickBox = new QLabel(this);
+    m_pickBox->hide();
+    m_pickBox->setAttribute(Qt::WA_TranslucentBackground);
+    m_pickBox->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_pickBox->setMouseTracking(true);
+    m_pickBox->setFrameShape(QFrame::Box);
+
+    m_rubberBand = new QRubberBand(QRubberBand::Rectangle, this);
+    m_rubberBand->hide();
+}
+
+CImageWidget::~CImageWidget() = default;
+
+void CImageWidget::setImageSize(const QSize &size)
+{
+    m_imageSize = size;
+    // A new picture starts without marks.
+    m_marks.clear();
+    updateGeometry();
+    update();
+}
+
+// At actual size the widget takes the picture's own size.
+QSize CImageWidget::sizeHint() const
+{
+    return m_imageSize;
+}
+
+void CImageWidget::setPickSize(int size)
+{
+    m_pickSize = size;
+    m_lineWidth = size >= 7 ? 2 : 1;
+}
+
+void CImageWidget::setRubberBandMode(bool on)
+{
+    if (on) {
+        unsetCursor();
+        setBoxSuppressed(true);
+        m_rubberBandMode = true;
+    } else {
+        setBoxSuppressed(false);
+        m_rubberBandMode = false;
+    }
+}
+
+void CImageWidget::setBoxSuppressed(bool suppressed)
+{
+    m_boxSuppressed = suppressed;
+    updatePickBoxVisibility();
+}
+
+void CImageWidget::setMouseInside(bool inside)
+{
+    m_mouseInside = inside;
+    updatePickBoxVisibility();
+}
+
+void CImageWidget::updatePickBoxVisibility()
+{
+    m_pickBox->setVisible(!m_boxSuppressed && m_mouseInside);
+}
+
+QPoint CImageWidget::imagePoint(const QPoint &widgetPoint, double factor)
+{
+    return QPoint(truncated(widgetPoint.x() / factor), truncated(widgetPoint.y() / factor));
+}
+
+// Positions come from the screen position of the event, rounded, so that
+// every handler agrees on the point whatever the event's own local position.
+QPoint CImageWidget::widgetPoint(const QMouseEvent *event) const
+{
+    const QPointF global = event->screenPos();
+    return mapFromGlobal(QPoint(qRound(global.x()), qRound(global.y())));
+}
+
+double CImageWidget::viewFactor() const
+{
+    return m_view->zoomFactor();
+}
+
+void CImageWidget::mouseMoveEvent(QMouseEvent *event)
+{
+    QLabel::mouseMoveEvent(event);
+    const QPoint p = widgetPoint(event);
+    showCursorPosition(p);
+    if (m_rubberBandMode) {
+        m_rubberBand->setGeometry(QRect(m_origin, p).normalized());
+        return;
+    }
+    if (!m_boxSuppressed && m_mouseInside)
+        movePickBox(p);
+    else
+        m_pickBox->hide();
+}
+
+void CImageWidget::showCursorPosition(const QPoint &point)
+{
+    // Only the text is clamped; a cursor exactly on the right or bottom edge
+    // keeps its coordinate.
+    int x = point.x() > width() ? width() - 1 : point.x();
+    int y = point.y() > height() ? height() - 1 : point.y();
+    x = std::max(x, 0);
+    y = std::max(y, 0);
+    const double f = viewFactor();
+    const QPoint image = imagePoint(QPoint(x, y), f);
+    QString text;
+    if (m_rubberBandMode && m_dragging) {
+        const QPoint start = imagePoint(m_origin, f);
+        text = tr("Cursor Start XY:(%1,%2) Size WH:(%3,%4) Pos XY:(%5,%6)")
+                   .arg(start.x())
+                   .arg(start.y())
+                   .arg(std::abs(image.x() - start.x()))
+                   .arg(std::abs(image.y() - start.y()))
+                   .arg(image.x())
+                   .arg(image.y());
+    } else {
+        text = tr("Cursor Pos XY:(%1,%2)").arg(image.x()).arg(image.y());
+    }
+    m_view->page()->showStatusMessage(text);
+}
+
+void CImageWidget::movePickBox(const QPoint &point)
+{
+    m_pickBox->setLineWidth(m_lineWidth);
+    const double f = CColourImageWindowView::zoomFactor(m_zoomIndex);
+    const int side = truncated(f * m_pickSize) + 2 * m_lineWidth;
+    m_pickBox->setFixedSize(side, side);
+    m_pickBox->show();
+    m_pickBox->raise();
+    m_pickBox->move(point.x() - side / 2, point.y() - side / 2);
+}
+
+void CImageWidget::enterEvent(QEvent *event)
+{
+    QLabel::enterEvent(event);
+    setMouseInside(true);
+}
+
+void CImageWidget::leaveEvent(QEvent *event)
+{
+    QLabel::leaveEvent(event);
+    m_view->page()->showStatusMessage(QString());
+    setMouseInside(false);
+}
+
+void CImageWidget::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton) {
+        QLabel::mousePressEvent(event);
+        return;
+    }
+    const QPoint p = widgetPoint(event);
+    if (m_rubberBandMode) {
+        startRubberBand(p);
+    } else {
+        m_dragging = false;
+        pick(clickPickRect(p, viewFactor(), m_pickSize, m_view->sourceImage().size()));
+    }
+    QLabel::mousePressEvent(event);
+}
+
+void CImageWidget::startRubberBand(const QPoint &point)
+{
+    m_origin = point;
+    m_dragging = true;
+    m_rubberBand->setGeometry(QRect(m_origin, QSize()));
+    m_rubberBand->show();
+}
+
+// Release does not look at the button: any release while rubber-band picking
+// is on reads the band's last rectangle.
+void CImageWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLabel::mouseReleaseEvent(event);
+    m_dragging = false;
+    if (!m_rubberBandMode)
+        return;
+    const QRect band = m_rubberBand->geometry().normalized();
+    m_rubberBand->hide();
+    pick(bandPickRect(band, viewFactor(), m_view->sourceImage().size()));
+}
+
+void CImageWidget::pick(const QRect &imageRect)
+{
+    m_view->page()->pickImageRegion(imageRect);
+}
+
+void CImageWidget::drawSelectionMarks(const QVector<CMultipleSelect *> &entries)
+{
+    m_marks.clear();
+    if (!m_imageSize.isEmpty()) {
+        for (int i = 0; i < entries.size(); ++i) {
+            if (entries.at(i)->inUse())
+                m_marks.append(markFor(i + 1, entries.at(i)->rect()));
+        }
+    }
+    update();
+}
+
+CImageWidget::SelectionMark CImageWidget::markFor(int number, const QRect &rect) const
+{
+    const int W = m_imageSize.width();
+    const int H = m_imageSize.height();
+    // Near the edges the frame is pulled in (the width, not the right edge,
+    // is compared with W - 3).
+    const int left = rect.left() <= 1 ? 1 : rect.left() - 1;
+    const int top = rect.top() <= 1 ? 1 : rect.top() - 1;
+    const int right = rect.width() > W - 3 ? W - 3 : rect.right() + 1;
+    const int bottom = rect.height() > H - 3 ? H - 3 : rect.bottom() + 1;
+
+    SelectionMark mark;
+    mark.number = number;
+    mark.inner = QRect(QPoint(left, top), QPoint(right, bottom));
+    mark.outer = mark.inner.adjusted(-1, -1, 1, 1);
+    const QFontMetrics metrics(markFont(font()));
+    const QString text = QString::number(number);
+    const int textWidth = metrics.horizontalAdvance(text);
+    const int outerEnd = mark.outer.left() + mark.outer.width();
+    const int boxLeft = outerEnd < W / 2 ? outerEnd + kMarkTextGap
+                                         : mark.outer.left() - kMarkTextGap - textWidth;
+    const QRect box(boxLeft, mark.outer.top(), textWidth, mark.outer.height());
+    mark.textBox = metrics.boundingRect(box, Qt::AlignLeft | Qt::AlignVCenter, text);
+    return mark;
+}
+
+void CImageWidget::paintEvent(QPaintEvent *event)
+{
+    const QImage &image = m_view->sourceImage();
+    if (image.isNull())
+        return;
+    const QRect source = exposedImageRect(event->rect());
+    if (source.isEmpty())
+        return;
+    QPainter painter(this);
+    paintPicture(painter, source);
+    paintMarks(painter);
+}
+
+// The image pixels under a widget rectangle, with a pixel to spare on each
+// side so that smooth scaling blends across the edges of separate repaints.
+QRect CImageWidget::exposedImageRect(const QRect &widgetRect) const
+{
+    const double f = viewFactor();
+    const QPoint topLeft(int(std::floor(widgetRect.left() / f)) - 1,
+                         int(std::floor(widgetRect.top() / f)) - 1);
+    const QPoint bottomRight(int(std::floor(widgetRect.right() / f)) + 1,
+                             int(std::floor(widgetRect.bottom() / f)) + 1);
+    return QRect(topLeft, bottomRight).intersected(m_view->sourceImage().rect());
+}
+
+void CImageWidget::paintPicture(QPainter &painter, const QRect &source) const
+{
+    const QImage &image = m_view->sourceImage();
+    const double f = viewFactor();
+    painter.save();
+    painter.scale(f, f);
+    // Crisp pixels when zoomed in; when zoomed out, blending the sampled
+    // pixels keeps fine detail from flickering in and out.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, f < 1.0);
+    if (image.hasAlphaChannel())
+        painter.fillRect(source, checkerBrush());
+    painter.drawImage(source.topLeft(), image, source);
+    painter.restore();
+}
+
+// Marks invert what is under them, as if drawn onto the picture at image
+// resolution and scaled with it.
+void CImageWidget::paintMarks(QPainter &painter) const
+{
+    if (m_marks.isEmpty())
+        return;
+    painter.save();
+    painter.setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+    for (const SelectionMark &mark : m_marks) {
+        paintMarkFrame(painter, mark.inner);
+        paintMarkFrame(painter, mark.outer);
+    }
+    const double f = viewFactor();
+    painter.scale(f, f);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.setFont(markFont(font()));
+    for (const SelectionMark &mark : m_marks)
+        painter.drawText(mark.textBox, Qt::AlignLeft | Qt::AlignVCenter,
+                         QString::number(mark.number));
+    painter.restore();
+}
+
+// Where image coordinate x starts on the widget: the first widget pixel whose
+// centre samples it, as the nearest-neighbour scaling of the picture does.
+int CImageWidget::toWidget(int imageCoordinate) const
+{
+    return int(std::ceil(imageCoordinate * viewFactor() - 0.5));
+}
+
+// The widget pixels [start, end) that show image pixels first..last; never
+// empty, so that a mark stays visible when zoomed out.
+CImageWidget::Span CImageWidget::widgetSpan(int first, int last) const
+{
+    const int start = toWidget(first);
+    return {start, std::max(toWidget(last + 1), start + 1)};
+}
+
+// One image pixel thick frame around imageRect, painted as four strips that
+// never overlap, so that no pixel is inverted twice.
+void CImageWidget::paintMarkFrame(QPainter &painter, const QRect &imageRect) const
+{
+    const QColor white(Qt::white);
+    const Span cols = widgetSpan(imageRect.left(), imageRect.right());
+    const Span rows = widgetSpan(imageRect.top(), imageRect.bottom());
+    const int width = cols.end - cols.start;
+
+    const int topEnd = std::min(widgetSpan(imageRect.top(), imageRect.top()).end, rows.end);
+    painter.fillRect(QRect(cols.start, rows.start, width, topEnd - rows.start), white);
+    const int bottomStart =
+        std::max(widgetSpan(imageRect.bottom(), imageRect.bottom()).start, topEnd);
+    if (bottomStart < rows.end)
+        painter.fillRect(QRect(cols.start, bottomStart, width, rows.end - bottomStart), white);
+
+    const int middleHeight = bottomStart - topEnd;
+    if (middleHeight <= 0)
+        return;
+    const int leftEnd = std::min(widgetSpan(imageRect.left(), imageRect.left()).end, cols.end);
+    painter.fillRect(QRect(cols.start, topEnd, leftEnd - cols.start, middleHeight), white);
+    const int rightStart =
+        std::max(widgetSpan(imageRect.right(), imageRect.right()).start, leftEnd);
+    if (rightStart < cols.end)
+        painter.fillRect(QRect(rightStart, topEnd, cols.end - rightStart, middleHeight), white);
+}

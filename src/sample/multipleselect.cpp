@@ -1,0 +1,87 @@
+#include "sample/multipleselect.h"
+
+#include "app/appcontext.h"
+#include "colour/colourformat.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalMapper>
+#include <QToolButton>
+
+namespace {
+
+const int kSwatchSide = 16;
+
+int channelByte(double channel)
+{
+    return static_cast<int>(255.0 * channel);
+}
+
+QWidget *framedSwatch(QLabel **swatch, QWidget *parent)
+{
+    auto *frame = new QWidget(parent);
+    frame->setFixedSize(kSwatchSide, kSwatchSide);
+    frame->setStyleSheet(QStringLiteral("border:1px solid black"));
+    auto *layout = new QHBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    *swatch = new QLabel(frame);
+    layout->addWidget(*swatch);
+    return frame;
+}
+
+} // namespace
+
+CMultipleSelect::CMultipleSelect(int slot, QWidget *parent, QSignalMapper *clearMapper)
+    : QObject(parent)
+{
+    m_row = new QWidget(parent);
+    auto *layout = new QHBoxLayout(m_row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel(tr("%1:").arg(slot + 1), m_row));
+    layout->addWidget(framedSwatch(&m_swatch, m_row));
+
+    auto *action = new QAction(
+        AppContext::widgetIcon(QStringLiteral("sm_toolbar/btn_toolbar_multi_clear.png")),
+        QString(), m_row);
+    m_clearButton = new QToolButton(m_row);
+    m_clearButton->setFixedSize(kSwatchSide, kSwatchSide);
+    m_clearButton->setIconSize(QSize(kSwatchSide, kSwatchSide));
+    m_clearButton->setAutoRaise(true);
+    m_clearButton->setDefaultAction(action);
+    connect(action, SIGNAL(triggered()), clearMapper, SLOT(map()));
+    clearMapper->setMapping(action, slot);
+    layout->addWidget(m_clearButton);
+    layout->addStretch();
+    m_row->hide();
+}
+
+CMultipleSelect::~CMultipleSelect() = default;
+
+void CMultipleSelect::setInUse(bool inUse)
+{
+    m_inUse = inUse;
+    m_row->setVisible(inUse);
+}
+
+void CMultipleSelect::setColour(const RgbColour &colour, int rgbFormat)
+{
+    m_colour = colour;
+    const QStringList rgb = formatRgb(colour.red, colour.green, colour.blue, 2, false, rgbFormat);
+    const QStringList lab = formatLab(colour.red, colour.green, colour.blue, 2);
+    m_swatch->setToolTip(tr("R:%1, G:%2, B:%3").arg(rgb.at(0), rgb.at(1), rgb.at(2))
+                         + QStringLiteral("<br />")
+                         + tr("L:%1, a:%2, b:%3").arg(lab.at(0), lab.at(1), lab.at(2)));
+    m_swatch->setStyleSheet(
+        QStringLiteral("QLabel {background-color:rgb(%1,%2,%3);} QToolTip {border:2px solid "
+                       "Goldenrod; background-color:LemonChiffon; padding:3px;}")
+            .arg(channelByte(colour.red))
+            .arg(channelByte(colour.green))
+            .arg(channelByte(colour.blue)));
+}
+
+void CMultipleSelect::copyFrom(const CMultipleSelect &other, int rgbFormat)
+{
+    setColour(other.m_colour, rgbFormat);
+    m_rect = other.m_rect;
+}
