@@ -1,5 +1,8 @@
 #include "imagewriter.h"
 
+#include "gifencoder.h"
+
+#include <QFile>
 #include <QImageWriter>
 
 namespace ImageWriter {
@@ -45,7 +48,12 @@ bool writeIndexedGif(const QString &path, int width, int height, const QVector<Q
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, uint(x * palette.size() / width));
-    return write(image, path);
+    if (write(image, path))
+        return true;
+    // Qt has no GIF writer; encode it here.
+    const QByteArray bytes = GifEncoder::encode(image);
+    QFile file(path);
+    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 bool writeJpeg(const QString &path, int width, int height, const QColor &colour)
