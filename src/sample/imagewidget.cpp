@@ -293,11 +293,11 @@ void CImageWidget::paintEvent(QPaintEvent *event)
 QRect CImageWidget::exposedImageRect(const QRect &widgetRect) const
 {
     const double f = viewFactor();
-    const QPoint topLeft(int(std::floor(widgetRect.left() / f)) - 1,
-                         int(std::floor(widgetRect.top() / f)) - 1);
-    const QPoint bottomRight(int(std::floor(widgetRect.right() / f)) + 1,
-                             int(std::floor(widgetRect.bottom() / f)) + 1);
-    return QRect(topLeft, bottomRight).intersected(m_view->sourceImage().rect());
+    const QPoint first(int(std::floor(widgetRect.left() / f)) - 1,
+                       int(std::floor(widgetRect.top() / f)) - 1);
+    const QPoint last(int(std::ceil((widgetRect.right() + 1) / f)),
+                      int(std::ceil((widgetRect.bottom() + 1) / f)));
+    return QRect(first, last).intersected(m_view->sourceImage().rect());
 }
 
 void CImageWidget::paintPicture(QPainter &painter, const QRect &source) const

@@ -34,15 +34,21 @@ bool showWindow(CMainWindow &window)
     return QTest::qWaitForWindowExposed(&window);
 }
 
-// QTest takes a null point for "the centre"; (0, 0) is sent by hand.
-void sendButton(QWidget *widget, QEvent::Type type, const QPoint &point, Qt::MouseButton button)
+// Events go to the window, as the window system sends them: Qt finds the
+// widget under the cursor, sends enter and leave, and a pressed button keeps
+// the mouse on the widget it went down on.
+QWindow *windowOf(QWidget *widget)
 {
-    const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::MouseButtons(button)
-                                                                   : Qt::MouseButtons();
-    QMouseEvent event(type, point, widget->mapToGlobal(point), button, held, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
+    return widget->window()->windowHandle();
 }
 
+QPoint inWindow(QWidget *widget, const QPoint &point)
+{
+    return widget->mapTo(widget->window(), point);
+}
+
+// The cursor itself moves: the platform then reports the window entered or
+// left as well as the move.
 void moveTo(QWidget *widget, const QPoint &point)
 {
     QCursor::setPos(widget->mapToGlobal(point));
@@ -51,18 +57,12 @@ void moveTo(QWidget *widget, const QPoint &point)
 
 void press(QWidget *widget, const QPoint &point, Qt::MouseButton button)
 {
-    if (point.isNull())
-        sendButton(widget, QEvent::MouseButtonPress, point, button);
-    else
-        QTest::mousePress(widget, button, Qt::NoModifier, point);
+    QTest::mousePress(windowOf(widget), button, Qt::NoModifier, inWindow(widget, point));
 }
 
 void release(QWidget *widget, const QPoint &point, Qt::MouseButton button)
 {
-    if (point.isNull())
-        sendButton(widget, QEvent::MouseButtonRelease, point, button);
-    else
-        QTest::mouseRelease(widget, button, Qt::NoModifier, point);
+    QTest::mouseRelease(windowOf(widget), button, Qt::NoModifier, inWindow(widget, point));
 }
 
 void leftClick(QWidget *widget, const QPoint &point)
