@@ -288,6 +288,8 @@ void CColourImageWindow::buildResultsTable(QWidget *parent)
     QHeaderView *header = m_resultsTable->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setSectionResizeMode(0, QHeaderView::Fixed);
+    // The style's minimum would widen the swatch column.
+    header->setMinimumSectionSize(kResultSwatchWidth);
     m_resultsTable->setColumnWidth(0, kResultSwatchWidth);
     m_resultsTable->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->hide();
