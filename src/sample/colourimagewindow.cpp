@@ -63,6 +63,13 @@ QHBoxLayout *bareRow(QWidget *owner)
     return row;
 }
 
+QVBoxLayout *bareColumn(QWidget *owner)
+{
+    auto *column = new QVBoxLayout(owner);
+    column->setContentsMargins(0, 0, 0, 0);
+    return column;
+}
+
 } // namespace
 
 CColourImageWindow::CColourImageWindow(CMainWindow *mainWindow, QWidget *parent)
@@ -131,8 +138,7 @@ QToolBar *CColourImageWindow::buildPanel()
 QWidget *CColourImageWindow::buildPickingSection(QWidget *parent)
 {
     auto *section = new QWidget(parent);
-    auto *layout = new QVBoxLayout(section);
-    layout->setContentsMargins(0, 0, 0, 0);
+    QVBoxLayout *layout = bareColumn(section);
     layout->addWidget(buildPickModeRow(section));
     layout->addWidget(buildPickSizeRow(section));
     m_rgbCaption = centredCaption(tr("RGB=Red,Green,Blue"), section);
@@ -177,8 +183,7 @@ QWidget *CColourImageWindow::buildPickSizeRow(QWidget *parent)
 QWidget *CColourImageWindow::buildSamplePanel(QWidget *parent)
 {
     auto *panel = new QWidget(parent);
-    auto *layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 0, 0);
+    QVBoxLayout *layout = bareColumn(panel);
 
     auto *swatchRow = new QHBoxLayout;
     m_swatchFrame = new QWidget(panel);
@@ -217,8 +222,7 @@ QWidget *CColourImageWindow::buildSampleGrid(QWidget *parent)
 QWidget *CColourImageWindow::buildMultipleSection(QWidget *parent)
 {
     auto *section = new QWidget(parent);
-    auto *layout = new QVBoxLayout(section);
-    layout->setContentsMargins(0, 0, 0, 0);
+    QVBoxLayout *layout = bareColumn(section);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(addCommandButton(CmdSelectMultiple, tr("Multiple Selection"),
                                         QStringLiteral("sm_toolbar/btn_toolbar_multi_done.png"),

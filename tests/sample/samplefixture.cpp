@@ -1,8 +1,11 @@
 #include "samplefixture.h"
 
+#include "app/appcontext.h"
 #include "app/mainwindow.h"
+#include "support/imagewriter.h"
 #include "support/modalanswerer.h"
 
+#include <QAction>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QtTest>
@@ -32,6 +35,28 @@ bool showWindow(CMainWindow &window)
     window.resize(1000, 700);
     window.show();
     return QTest::qWaitForWindowExposed(&window);
+}
+
+std::unique_ptr<CMainWindow> openImageWindow(const QImage &image, const QString &path)
+{
+    auto window = std::make_unique<CMainWindow>(AppContext::versionTitle());
+    if (!ImageWriter::write(image, path) || !showWindow(*window) || !openThroughDialog(*window, path))
+        return nullptr;
+    return window;
+}
+
+void zoomTo(CMainWindow &window, int index)
+{
+    window.commandAction(CmdZoomActual)->trigger();
+    for (int i = 7; i < index; ++i)
+        window.commandAction(CmdZoomIn)->trigger();
+    for (int i = index; i < 7; ++i)
+        window.commandAction(CmdZoomOut)->trigger();
+}
+
+bool sameRgb(QRgb a, QRgb b)
+{
+    return (a & 0xffffff) == (b & 0xffffff);
 }
 
 // Events go to the window, as the window system sends them: Qt finds the

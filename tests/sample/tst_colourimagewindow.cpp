@@ -62,15 +62,6 @@ QStringList shownValues(CColourImageWindow *page)
     return values;
 }
 
-void zoomTo(CMainWindow &window, int index)
-{
-    window.commandAction(CmdZoomActual)->trigger();
-    for (int i = 7; i < index; ++i)
-        window.commandAction(CmdZoomIn)->trigger();
-    for (int i = index; i < 7; ++i)
-        window.commandAction(CmdZoomOut)->trigger();
-}
-
 } // namespace
 
 #define COMPARE_COLOUR(actual, expected) \
@@ -144,12 +135,7 @@ void TestColourImageWindow::cleanupTestCase()
 std::unique_ptr<CMainWindow> TestColourImageWindow::openWindow(const QImage &image,
                                                                const QString &name)
 {
-    auto window = std::make_unique<CMainWindow>(AppContext::versionTitle());
-    const QString path = m_files->path() + "/" + name;
-    if (!ImageWriter::write(image, path) || !showWindow(*window)
-        || !openThroughDialog(*window, path))
-        return nullptr;
-    return window;
+    return openImageWindow(image, m_files->path() + "/" + name);
 }
 
 void TestColourImageWindow::panelButtonsHaveTheirTextsIconsAndSize_data()

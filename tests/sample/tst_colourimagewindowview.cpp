@@ -32,21 +32,6 @@ void zoomTimes(CMainWindow &window, int command, int times)
         window.commandAction(command)->trigger();
 }
 
-// From 100 % to a zoom index with the toolbar's zoom buttons.
-void zoomTo(CMainWindow &window, int index)
-{
-    window.commandAction(CmdZoomActual)->trigger();
-    if (index > 7)
-        zoomTimes(window, CmdZoomIn, index - 7);
-    else
-        zoomTimes(window, CmdZoomOut, 7 - index);
-}
-
-bool sameRgb(QRgb a, QRgb b)
-{
-    return qRed(a) == qRed(b) && qGreen(a) == qGreen(b) && qBlue(a) == qBlue(b);
-}
-
 } // namespace
 
 class TestColourImageWindowView : public QObject
@@ -125,11 +110,7 @@ QString TestColourImageWindowView::writeImage(const QString &name, const QImage 
 std::unique_ptr<CMainWindow> TestColourImageWindowView::openWindow(const QImage &image,
                                                                    const QString &name)
 {
-    auto window = std::make_unique<CMainWindow>(AppContext::versionTitle());
-    const QString path = writeImage(name, image);
-    if (path.isEmpty() || !showWindow(*window) || !openThroughDialog(*window, path))
-        return nullptr;
-    return window;
+    return openImageWindow(image, m_files->path() + "/" + name);
 }
 
 void TestColourImageWindowView::nothingIsShownBeforeAnImageOpens()

@@ -57,11 +57,6 @@ QRgb inverted(QRgb p)
     return qRgb(255 - qRed(p), 255 - qGreen(p), 255 - qBlue(p));
 }
 
-bool sameRgb(QRgb a, QRgb b)
-{
-    return (a & 0xffffff) == (b & 0xffffff);
-}
-
 QList<int> markNumbers(CImageWidget *label)
 {
     QList<int> numbers;
@@ -132,12 +127,7 @@ void TestMultipleSelect::cleanupTestCase()
 std::unique_ptr<CMainWindow> TestMultipleSelect::openWindow(const QImage &image,
                                                             const QString &name)
 {
-    auto window = std::make_unique<CMainWindow>(AppContext::versionTitle());
-    const QString path = m_files->path() + "/" + name;
-    if (!ImageWriter::write(image, path) || !showWindow(*window)
-        || !openThroughDialog(*window, path))
-        return nullptr;
-    return window;
+    return openImageWindow(image, m_files->path() + "/" + name);
 }
 
 void TestMultipleSelect::pickColumns(CMainWindow &window, const QList<int> &columns)
@@ -373,9 +363,7 @@ void TestMultipleSelect::marksScaleWithTheZoom()
     image.fill(qRgb(10, 20, 30));
     auto window = openWindow(image, "scaled.png");
     QVERIFY(window);
-    window->commandAction(CmdZoomIn)->trigger();
-    window->commandAction(CmdZoomIn)->trigger();
-    window->commandAction(CmdZoomIn)->trigger(); // 2.0
+    zoomTo(*window, 10); // 2.0
     window->samplingPage()->commandButton(CmdSelectMultiple)->click();
     CImageWidget *label = window->samplingPage()->imageWidget();
     leftClick(label, QPoint(21, 21)); // image pixel (10, 10)
