@@ -51,6 +51,7 @@ private slots:
     void zoomOutStopsAtTwentyPercent();
     void actualSizeIsDisabledAtHundredPercent();
     void otherCommandsKeepTheZoom();
+    void zoomKeysStepTheZoom();
     void openingAnImageReturnsToActualSize();
     void actualSizeTakesThePicturesNaturalSize();
     void otherLevelsTakeTheRoundedProduct_data();
@@ -212,6 +213,23 @@ void TestColourImageWindowView::otherCommandsKeepTheZoom()
         view->zoomStep(command);
     QCOMPARE(view->zoomIndex(), 8);
     QCOMPARE(view->imageWidget()->size(), QSize(13, 13));
+}
+
+void TestColourImageWindowView::zoomKeysStepTheZoom()
+{
+    auto window = openWindow(ImageWriter::gradient(10, 10), "keys.png");
+    QVERIFY(window);
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    QTest::keySequence(window.get(), QKeySequence(QKeySequence::ZoomIn));
+    QTest::keySequence(window.get(), QKeySequence(QKeySequence::ZoomIn));
+    QCOMPARE(window->samplingPage()->zoomIndex(), 9);
+    QCOMPARE(window->samplingPage()->imageWidget()->size(), QSize(15, 15));
+    QTest::keySequence(window.get(), QKeySequence(QKeySequence::ZoomOut));
+    QCOMPARE(window->samplingPage()->zoomIndex(), 8);
+    QTest::keySequence(window.get(), QKeySequence(Qt::CTRL + Qt::Key_0));
+    QCOMPARE(window->samplingPage()->zoomIndex(), 7);
+    QCOMPARE(window->samplingPage()->imageWidget()->size(), QSize(10, 10));
 }
 
 void TestColourImageWindowView::openingAnImageReturnsToActualSize()
