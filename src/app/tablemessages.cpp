@@ -31,6 +31,26 @@ bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, cons
     return true;
 }
 
+bool CTableMessages::reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
+                                         const QString &path)
+{
+    if (result.status == CColourTable::CannotOpen) {
+        QMessageBox::critical(parent, tr("Vellora"),
+                              tr("Error while attempting to open data table:\n%1").arg(path),
+                              QMessageBox::Ok);
+        return false;
+    }
+    if (result.status == CColourTable::BadLine) {
+        QMessageBox::critical(parent, tr("Vellora"),
+                              tr("Unable to load data table:\n%1\n\nError in line %2")
+                                  .arg(path)
+                                  .arg(result.lineNumber),
+                              QMessageBox::Ok);
+        return false;
+    }
+    return true;
+}
+
 bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,
                           bool overwriteWithoutAsking)
 {
