@@ -2,6 +2,9 @@
 
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTest>
 
 ModalSequence::ModalSequence(const QList<Step> &steps) : m_steps(steps)
@@ -86,6 +89,15 @@ ModalAnswerer::Action typeText(const QString &text)
         edit->clear();
         QTest::keyClicks(edit, text);
     };
+}
+
+void clickRadio(QRadioButton *button)
+{
+    QStyleOptionButton option;
+    option.initFrom(button);
+    const QRect indicator =
+        button->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, button);
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, indicator.center());
 }
 
 } // namespace DialogActions

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+class QRadioButton;
+
 #include <memory>
 #include <vector>
 
@@ -46,5 +48,9 @@ ModalAnswerer::Action chooseFile(const QString &path, QString *shownFolder = nul
                                  QString *caption = nullptr);
 // Types `text` into the dialog's first line edit (after clearing it).
 ModalAnswerer::Action typeText(const QString &text);
+
+// Clicks a radio button on its indicator, where a user aims: the middle of
+// a wide radio button can lie beyond its clickable text.
+void clickRadio(QRadioButton *button);
 
 } // namespace DialogActions
