@@ -2,9 +2,9 @@
 #include "data/chartdatawindow.h"
 #include "data/datagrid.h"
 #include "data/datamodel.h"
+#include "tables/datacolourtable.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTableView>
 #include <QTemporaryDir>
 
@@ -16,24 +16,20 @@ namespace {
 
 const int kRows = 30000;
 
-// A data set of kRows colours as the program writes them, once per run.
+// A data set of kRows colours, written once per run by the program's own
+// table writer.
 class DataFile
 {
 public:
     DataFile()
     {
         m_path = m_dir.filePath("large.txt");
-        QByteArray content = "# large data set\n";
-        for (int i = 0; i < kRows; ++i) {
-            const double r = (i % 256) / 255.0;
-            const double g = ((i / 256) % 256) / 255.0;
-            const double b = ((i * 7) % 256) / 255.0;
-            content += QByteArray::number(r, 'f', 4) + ", " + QByteArray::number(g, 'f', 4) + ", "
-                       + QByteArray::number(b, 'f', 4) + ", Sample " + QByteArray::number(i)
-                       + "\n";
-        }
-        QFile file(m_path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        CDataColourTable table;
+        table.setHeader(QStringLiteral("# large data set"));
+        for (int i = 0; i < kRows; ++i)
+            table.add(new CColourTableEntry(QStringLiteral("Sample %1").arg(i), (i % 256) / 255.0,
+                                            ((i / 256) % 256) / 255.0, ((i * 7) % 256) / 255.0));
+        if (!table.write(m_path))
             std::abort();
     }
     QString path() const { return m_path; }

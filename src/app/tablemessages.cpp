@@ -10,45 +10,41 @@
 #include <QIcon>
 #include <QMessageBox>
 
+namespace {
+
+// One critical box per failed load; the texts are the caller's, since data
+// sets and library tables word them differently.
+bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result,
+                const QString &cannotOpenText, const QString &badLineText)
+{
+    if (result.status == CColourTable::Loaded)
+        return true;
+    const QString &text = result.status == CColourTable::CannotOpen ? cannotOpenText : badLineText;
+    QMessageBox::critical(parent, CTableMessages::tr("Vellora"), text, QMessageBox::Ok);
+    return false;
+}
+
+} // namespace
+
 bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
                                       const QString &path)
 {
     const CColourTable::LoadResult result = table.load(path);
-    if (result.status == CColourTable::CannotOpen) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Error while attempting to open colour table file:\n%1").arg(path),
-                              QMessageBox::Ok);
-        return false;
-    }
-    if (result.status == CColourTable::BadLine) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Unable to load colour table:\n%1\n\nError in line %2")
-                                  .arg(tableName)
-                                  .arg(result.lineNumber),
-                              QMessageBox::Ok);
-        return false;
-    }
-    return true;
+    return reportLoad(parent, result,
+                      tr("Error while attempting to open colour table file:\n%1").arg(path),
+                      tr("Unable to load colour table:\n%1\n\nError in line %2")
+                          .arg(tableName)
+                          .arg(result.lineNumber));
 }
 
 bool CTableMessages::reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
                                          const QString &path)
 {
-    if (result.status == CColourTable::CannotOpen) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Error while attempting to open data table:\n%1").arg(path),
-                              QMessageBox::Ok);
-        return false;
-    }
-    if (result.status == CColourTable::BadLine) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Unable to load data table:\n%1\n\nError in line %2")
-                                  .arg(path)
-                                  .arg(result.lineNumber),
-                              QMessageBox::Ok);
-        return false;
-    }
-    return true;
+    return reportLoad(parent, result,
+                      tr("Error while attempting to open data table:\n%1").arg(path),
+                      tr("Unable to load data table:\n%1\n\nError in line %2")
+                          .arg(path)
+                          .arg(result.lineNumber));
 }
 
 bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,
