@@ -2,6 +2,7 @@
 
 #include "tables/colourlibrary.h"
 #include "tables/colourtable.h"
+#include "tables/tablemessagetext.h"
 #include "tables/waitcursor.h"
 
 #include <QComboBox>
@@ -14,21 +15,11 @@ bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, cons
                                       const QString &path)
 {
     const CColourTable::LoadResult result = table.load(path);
-    if (result.status == CColourTable::CannotOpen) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Error while attempting to open colour table file:\n%1").arg(path),
-                              QMessageBox::Ok);
-        return false;
-    }
-    if (result.status == CColourTable::BadLine) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Unable to load colour table:\n%1\n\nError in line %2")
-                                  .arg(tableName)
-                                  .arg(result.lineNumber),
-                              QMessageBox::Ok);
-        return false;
-    }
-    return true;
+    if (result.status == CColourTable::Loaded)
+        return true;
+    QMessageBox::critical(parent, tr("Vellora"), CTableMessageText::loadError(result, tableName, path),
+                          QMessageBox::Ok);
+    return false;
 }
 
 bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,
