@@ -2,6 +2,7 @@
 
 #include "cli/clinumbers.h"
 #include "cli/clioutput.h"
+#include "cli/clistderrsilencer.h"
 #include "cli/clitablecommands.h"
 #include "colour/colourformat.h"
 #include "colour/imageregionaverage.h"
@@ -93,7 +94,12 @@ CCliStatus CCliSampleCommand::parse(const QStringList &words, CCliArguments *arg
 CCliStatus CCliSampleCommand::readImage(const QString &path, QImage *image)
 {
     QImageReader reader(path);
-    if (!reader.read(image) || image->isNull()) {
+    bool read = false;
+    {
+        CCliStderrSilencer silencer;
+        read = reader.read(image);
+    }
+    if (!read || image->isNull()) {
         return CCliStatus::badInput(
             QStringLiteral("cannot read image %1: %2").arg(path, reader.errorString()));
     }
