@@ -24,6 +24,8 @@ private:
 private slots:
     void regionMatchesAverageOfPixelList_data();
     void regionMatchesAverageOfPixelList();
+    void largeRegionMatchesAverageOfPixelList_data();
+    void largeRegionMatchesAverageOfPixelList();
     void blackAndWhiteRgbRuleIsRootHalf();
     void blackAndWhiteLabRuleIsColourOfMeanLab();
     void emptyOrInvertedRegionReturnsFalseAndLeavesResult_data();
@@ -90,6 +92,29 @@ void TestImageRegionAverage::regionMatchesAverageOfPixelList()
 {
     QFETCH(QRect, region);
     const QImage image = noisyImage(64, 48, false);
+    const QVector<RgbColour> list = pixelList(image, region);
+    RgbColour rgb;
+    QVERIFY(averageImageRegion(image, region, true, &rgb));
+    compareRgb(rgb, averageColours(list, true));
+    RgbColour lab;
+    QVERIFY(averageImageRegion(image, region, false, &lab));
+    compareExactly(lab, averageColours(list, false));
+}
+
+void TestImageRegionAverage::largeRegionMatchesAverageOfPixelList_data()
+{
+    QTest::addColumn<QRect>("region");
+    // Large regions are averaged in blocks of rows, partly on a second
+    // thread; the last block is shorter than the others here.
+    QTest::newRow("whole large image") << QRect(0, 0, 1100, 700);
+    QTest::newRow("odd-sized part") << QRect(13, 7, 1031, 661);
+    QTest::newRow("narrow and tall") << QRect(500, 0, 1, 700);
+}
+
+void TestImageRegionAverage::largeRegionMatchesAverageOfPixelList()
+{
+    QFETCH(QRect, region);
+    static const QImage image = noisyImage(1100, 700, false);
     const QVector<RgbColour> list = pixelList(image, region);
     RgbColour rgb;
     QVERIFY(averageImageRegion(image, region, true, &rgb));
