@@ -11,6 +11,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -179,19 +180,24 @@ public:
             slot.resize(size_t(m_rowsPerBlock) * size_t(region.width()));
     }
 
-    LabColour sum()
+    // False, leaving total alone, when no thread could be started.
+    bool sum(LabColour *total)
     {
-        std::thread helper(&LabBlockPipeline::convertOddBlocks, this);
+        std::thread helper;
+        try {
+            helper = std::thread(&LabBlockPipeline::convertOddBlocks, this);
+        } catch (const std::system_error &) {
+            return false;
+        }
         auto cache = std::make_unique<LabCache>();
-        LabColour total;
         for (int block = 0; block < m_blocks; ++block) {
             if (block % 2 == 0)
-                sumRows(m_image, m_region, firstRow(block), lastRow(block), *cache, total);
+                sumRows(m_image, m_region, firstRow(block), lastRow(block), *cache, *total);
             else
-                sumConverted(block / 2, pixelsIn(block), total);
+                sumConverted(block / 2, pixelsIn(block), *total);
         }
         helper.join();
-        return total;
+        return true;
     }
 
     static bool worthIt(const QRect &region)
@@ -271,9 +277,7 @@ private:
 RgbColour labMean(const QImage &image, const QRect &region)
 {
     LabColour sum;
-    if (LabBlockPipeline::worthIt(region)) {
-        sum = LabBlockPipeline(image, region).sum();
-    } else {
+    if (!LabBlockPipeline::worthIt(region) || !LabBlockPipeline(image, region).sum(&sum)) {
         // The cache is large; keep it off the stack.
         auto cache = std::make_unique<LabCache>();
         sumRows(image, region, region.top(), region.bottom(), *cache, sum);
