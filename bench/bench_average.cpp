@@ -74,10 +74,22 @@ void average(benchmark::State &state, const QImage &image, bool useRgb)
     state.SetItemsProcessed(state.iterations() * qint64(kWidth) * kHeight);
 }
 
-void photoRgb(benchmark::State &state) { average(state, photo(), true); }
-void photoLab(benchmark::State &state) { average(state, photo(), false); }
-void noiseRgb(benchmark::State &state) { average(state, noise(), true); }
-void noiseLab(benchmark::State &state) { average(state, noise(), false); }
+void photoRgb(benchmark::State &state)
+{
+    average(state, photo(), true);
+}
+void photoLab(benchmark::State &state)
+{
+    average(state, photo(), false);
+}
+void noiseRgb(benchmark::State &state)
+{
+    average(state, noise(), true);
+}
+void noiseLab(benchmark::State &state)
+{
+    average(state, noise(), false);
+}
 
 } // namespace
 

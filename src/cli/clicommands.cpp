@@ -30,9 +30,9 @@ int CCliCommands::run(const QStringList &words)
         CCliOutput::line(version());
         return CCliStatus::Success;
     }
-    const CCliStatus status = words.isEmpty()
-                                  ? CCliStatus::usage(QStringLiteral("no command given (try --help)"))
-                                  : dispatch(words.first(), words.mid(1));
+    const CCliStatus status =
+        words.isEmpty() ? CCliStatus::usage(QStringLiteral("no command given (try --help)"))
+                        : dispatch(words.first(), words.mid(1));
     CCliOutput::flush();
     if (status.failed())
         CCliOutput::error(status.message());

@@ -2,8 +2,7 @@
 
 CCliLineReader::CCliLineReader(std::FILE *stream, int maximumLength)
     : m_stream(stream), m_maximumLength(maximumLength)
-{
-}
+{}
 
 CCliLineReader::Result CCliLineReader::next(QByteArray *line)
 {

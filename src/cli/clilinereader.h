@@ -10,7 +10,13 @@
 class CCliLineReader
 {
 public:
-    enum Result { Line, End, TooLong, ReadError };
+    enum Result
+    {
+        Line,
+        End,
+        TooLong,
+        ReadError
+    };
 
     explicit CCliLineReader(std::FILE *stream, int maximumLength = kDefaultMaximumLength);
 

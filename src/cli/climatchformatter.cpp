@@ -52,8 +52,8 @@ QString CCliMatchFormatter::tsv(const QVector<CMatchResult> &sorted, int rowCoun
     QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")};
     for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
         const RowTexts row = rowTexts(sorted.at(i), i + 1);
-        lines << QStringList{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict}.join(
-            QLatin1Char('\t'));
+        lines << QStringList{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict}
+                     .join(QLatin1Char('\t'));
     }
     return lines.join(QLatin1Char('\n'));
 }

@@ -8,8 +8,7 @@
 
 CCliNumberCommand::CCliNumberCommand(const QString &name, int arity, Converter converter)
     : m_name(name), m_arity(arity), m_converter(std::move(converter))
-{
-}
+{}
 
 CCliStatus CCliNumberCommand::run(const QStringList &positionals, std::FILE *input) const
 {
@@ -44,8 +43,8 @@ CCliStatus CCliNumberCommand::runBatch(std::FILE *input) const
         case CCliLineReader::End:
             return CCliStatus::ok();
         case CCliLineReader::ReadError:
-            return CCliStatus::badInput(
-                QStringLiteral("cannot read standard input after line %1").arg(reader.lineNumber()));
+            return CCliStatus::badInput(QStringLiteral("cannot read standard input after line %1")
+                                            .arg(reader.lineNumber()));
         case CCliLineReader::TooLong:
             return CCliStatus::badInput(QStringLiteral("line %1: longer than %2 bytes")
                                             .arg(reader.lineNumber())
@@ -61,8 +60,8 @@ CCliStatus CCliNumberCommand::runBatch(std::FILE *input) const
 
 CCliStatus CCliNumberCommand::convertLine(const QByteArray &line, int lineNumber) const
 {
-    const QStringList words = QString::fromLatin1(line).simplified().split(
-        QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words =
+        QString::fromLatin1(line).simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (words.size() != m_arity) {
         return CCliStatus::badInput(QStringLiteral("line %1: expected %2 numbers, found %3 words")
                                         .arg(lineNumber)
@@ -72,7 +71,8 @@ CCliStatus CCliNumberCommand::convertLine(const QByteArray &line, int lineNumber
     QVector<double> values;
     const CCliStatus status = CCliNumbers::toFinites(words, &values);
     if (status.failed())
-        return CCliStatus::badInput(QStringLiteral("line %1: %2").arg(lineNumber).arg(status.message()));
+        return CCliStatus::badInput(
+            QStringLiteral("line %1: %2").arg(lineNumber).arg(status.message()));
     CCliOutput::line(m_converter(values));
     return CCliStatus::ok();
 }

@@ -68,11 +68,12 @@ CCliStatus CCliNumbers::toInteger(const QString &word, int minimum, int maximum,
                                   const QString &what, int *value)
 {
     if (!integerInRange(word, minimum, maximum, value)) {
-        return CCliStatus::badInput(QStringLiteral("%1 must be a whole number from %2 to %3, not %4")
-                                        .arg(what)
-                                        .arg(minimum)
-                                        .arg(maximum)
-                                        .arg(quoted(word)));
+        return CCliStatus::badInput(
+            QStringLiteral("%1 must be a whole number from %2 to %3, not %4")
+                .arg(what)
+                .arg(minimum)
+                .arg(maximum)
+                .arg(quoted(word)));
     }
     return CCliStatus::ok();
 }

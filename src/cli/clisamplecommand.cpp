@@ -26,11 +26,11 @@ CCliStatus coordinates(const QString &text, int count, const QString &what, QVec
 CCliStatus pickSize(const CCliArguments &args, int *size)
 {
     QString text;
-    const CCliStatus status = args.choice(
-        QStringLiteral("size"),
-        {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"), QStringLiteral("7"),
-         QStringLiteral("9")},
-        QStringLiteral("1"), &text);
+    const CCliStatus status =
+        args.choice(QStringLiteral("size"),
+                    {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"),
+                     QStringLiteral("7"), QStringLiteral("9")},
+                    QStringLiteral("1"), &text);
     *size = text.toInt();
     return status;
 }
@@ -111,15 +111,15 @@ CCliStatus CCliSampleCommand::readRequest(const CCliArguments &args, Request *re
     request->imagePath = args.positionals().first();
     request->tablePath = args.value(QStringLiteral("table"));
     QString average;
-    CCliStatus status = args.choice(QStringLiteral("average"),
-                                    {QStringLiteral("rgb"), QStringLiteral("lab")},
-                                    QStringLiteral("rgb"), &average);
+    CCliStatus status =
+        args.choice(QStringLiteral("average"), {QStringLiteral("rgb"), QStringLiteral("lab")},
+                    QStringLiteral("rgb"), &average);
     request->useRgb = average == QLatin1String("rgb");
     if (!status.failed())
         status = readPick(args, request);
     if (!status.failed())
-        status = CCliTableCommands::rowCountOption(args.value(QStringLiteral("count")),
-                                                   &request->count);
+        status =
+            CCliTableCommands::rowCountOption(args.value(QStringLiteral("count")), &request->count);
     return status;
 }
 
@@ -135,7 +135,8 @@ CCliStatus CCliSampleCommand::readPick(const CCliArguments &args, Request *reque
     }
     CCliStatus status = pickSize(args, &request->pickSize);
     if (!status.failed())
-        status = coordinates(args.value(QStringLiteral("point")), 2, QStringLiteral("--point X,Y"), &v);
+        status =
+            coordinates(args.value(QStringLiteral("point")), 2, QStringLiteral("--point X,Y"), &v);
     request->point = QPoint(v[0], v[1]);
     return status;
 }

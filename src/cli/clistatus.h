@@ -11,8 +11,8 @@ public:
     enum Code
     {
         Success = 0,
-        UsageError = 1,   // unknown command or option, wrong argument count
-        BadInput = 2,     // unreadable or malformed file, image or number
+        UsageError = 1,    // unknown command or option, wrong argument count
+        BadInput = 2,      // unreadable or malformed file, image or number
         EmptySelection = 3 // the selection holds no pixels
     };
 

@@ -72,8 +72,9 @@ CCliStatus CCliTableCommands::match(const QStringList &words)
     CCliStatus status = parseMatchArguments(words, &args);
     QString format;
     if (!status.failed()) {
-        status = args.choice(QStringLiteral("format"), {QStringLiteral("tsv"), QStringLiteral("json")},
-                             QStringLiteral("tsv"), &format);
+        status =
+            args.choice(QStringLiteral("format"), {QStringLiteral("tsv"), QStringLiteral("json")},
+                        QStringLiteral("tsv"), &format);
     }
     RgbColour sample;
     if (!status.failed())

@@ -41,8 +41,10 @@ void TestPickGeometry::clickPick_data()
     QTest::newRow("5x5 zoom 0.5") << QPoint(20, 20) << 0.5 << 5 << image << QRect(38, 38, 5, 5);
     QTest::newRow("7x7 at left edge") << QPoint(1, 20) << 1.0 << 7 << image << QRect(0, 17, 5, 7);
     QTest::newRow("9x9 at top edge") << QPoint(50, 2) << 1.0 << 9 << image << QRect(46, 0, 9, 7);
-    QTest::newRow("9x9 at right edge") << QPoint(98, 20) << 1.0 << 9 << image << QRect(94, 16, 6, 9);
-    QTest::newRow("9x9 at bottom edge") << QPoint(20, 49) << 1.0 << 9 << image << QRect(16, 45, 9, 5);
+    QTest::newRow("9x9 at right edge")
+        << QPoint(98, 20) << 1.0 << 9 << image << QRect(94, 16, 6, 9);
+    QTest::newRow("9x9 at bottom edge")
+        << QPoint(20, 49) << 1.0 << 9 << image << QRect(16, 45, 9, 5);
 }
 
 void TestPickGeometry::clickPick()
@@ -98,12 +100,11 @@ void TestPickGeometry::bandPick_data()
 
     const QSize image(100, 50);
     QTest::newRow("inside, zoom 1") << QRect(QPoint(10, 5), QPoint(19, 14)) << 1.0 << image
-                                   << QRect(QPoint(10, 5), QPoint(19, 14));
+                                    << QRect(QPoint(10, 5), QPoint(19, 14));
     QTest::newRow("inside, zoom 2") << QRect(QPoint(10, 10), QPoint(29, 29)) << 2.0 << image
-                                   << QRect(QPoint(5, 5), QPoint(14, 14));
-    QTest::newRow("past right and bottom")
-        << QRect(QPoint(90, 40), QPoint(150, 80)) << 1.0 << image
-        << QRect(QPoint(90, 40), QPoint(98, 48));
+                                    << QRect(QPoint(5, 5), QPoint(14, 14));
+    QTest::newRow("past right and bottom") << QRect(QPoint(90, 40), QPoint(150, 80)) << 1.0 << image
+                                           << QRect(QPoint(90, 40), QPoint(98, 48));
 }
 
 void TestPickGeometry::bandPick()
