@@ -22,21 +22,27 @@ bool asksForHelp(const QStringList &words)
 
 int CCliCommands::run(const QStringList &words)
 {
-    if (asksForHelp(words)) {
-        CCliOutput::line(usage());
-        return CCliStatus::Success;
-    }
-    if (words.value(0) == QLatin1String("--version")) {
-        CCliOutput::line(version());
-        return CCliStatus::Success;
-    }
-    const CCliStatus status =
-        words.isEmpty() ? CCliStatus::usage(QStringLiteral("no command given (try --help)"))
-                        : dispatch(words.first(), words.mid(1));
-    CCliOutput::flush();
+    CCliStatus status = execute(words);
+    if (!CCliOutput::flush() && !status.failed())
+        status = CCliStatus::badInput(QStringLiteral("cannot write to standard output"));
     if (status.failed())
         CCliOutput::error(status.message());
     return status.code();
+}
+
+CCliStatus CCliCommands::execute(const QStringList &words)
+{
+    if (asksForHelp(words)) {
+        CCliOutput::line(usage());
+        return CCliStatus::ok();
+    }
+    if (words.value(0) == QLatin1String("--version")) {
+        CCliOutput::line(version());
+        return CCliStatus::ok();
+    }
+    if (words.isEmpty())
+        return CCliStatus::usage(QStringLiteral("no command given (try --help)"));
+    return dispatch(words.first(), words.mid(1));
 }
 
 CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &words)

@@ -16,5 +16,6 @@ public:
     static QString version();
 
 private:
+    static CCliStatus execute(const QStringList &words);
     static CCliStatus dispatch(const QString &command, const QStringList &words);
 };

@@ -52,7 +52,7 @@ QString CCliOutput::oneLine(const QString &message)
     return out;
 }
 
-void CCliOutput::flush()
+bool CCliOutput::flush()
 {
-    std::fflush(stdout);
+    return std::fflush(stdout) == 0 && !std::ferror(stdout);
 }

@@ -21,5 +21,7 @@ public:
     // A message written for a box, its lines joined into one: a line ending
     // in ":" continues after a space, others after ": ".
     static QString oneLine(const QString &message);
-    static void flush();
+    // Pushes standard output out; false when it could not all be written
+    // (a full disk, a closed file), which the caller reports.
+    static bool flush();
 };

@@ -16,6 +16,20 @@ CliRunner::Result CliRunner::run(const QStringList &arguments, const QByteArray 
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(VELLORA_CLI_PATH), arguments);
+    return finish(process, input);
+}
+
+CliRunner::Result CliRunner::runToFile(const QStringList &arguments, const QString &outputFile)
+{
+    QProcess process;
+    process.setProcessEnvironment(defaultEnvironment());
+    process.setStandardOutputFile(outputFile);
+    process.start(QStringLiteral(VELLORA_CLI_PATH), arguments);
+    return finish(process, QByteArray());
+}
+
+CliRunner::Result CliRunner::finish(QProcess &process, const QByteArray &input)
+{
     Result result;
     if (!process.waitForStarted(10000))
         return result;

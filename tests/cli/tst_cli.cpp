@@ -63,6 +63,7 @@ private slots:
     void usageErrors();
     void malformedNumbers_data();
     void malformedNumbers();
+    void outputThatCannotBeWrittenIsReported();
 
     // lab, rgb, deltae, score
     void labMatchesEngine_data();
@@ -449,6 +450,14 @@ void TestCli::malformedNumbers_data()
 void TestCli::malformedNumbers()
 {
     verifyRefusedArguments(2);
+}
+
+void TestCli::outputThatCannotBeWrittenIsReported()
+{
+    if (!QFileInfo::exists(QStringLiteral("/dev/full")))
+        QSKIP("This system has no /dev/full to stand for a full disk");
+    const Run run = CliRunner::runToFile({"lab", "1", "1", "1"}, QStringLiteral("/dev/full"));
+    verifyError(run, 2, QStringLiteral("cannot write to standard output"));
 }
 
 // ---------------------------------------------------------------- conversions
