@@ -53,6 +53,8 @@ CCliStatus CCliSampleCommand::run(const QStringList &words)
     CLibColourTable table;
     if (!status.failed() && !request.tablePath.isNull())
         status = CCliTableCommands::loadTable(request.tablePath, &table);
+    if (!status.failed() && !request.tablePath.isNull())
+        status = CCliTableCommands::checkMatchable(table);
     QImage image;
     if (!status.failed())
         status = readImage(request.imagePath, &image);

@@ -114,13 +114,20 @@ CCliStatus CCliTableCommands::rowCountOption(const QString &text, int *count)
     return CCliNumbers::toInteger(text, 0, kMaximumRowCount, QStringLiteral("--count"), count);
 }
 
+CCliStatus CCliTableCommands::checkMatchable(const CColourTable &table)
+{
+    if (table.count() > 0)
+        return CCliStatus::ok();
+    return CCliStatus::badInput(
+        CTableMessageText::emptyLibrary(QFileInfo(table.filePath()).baseName()));
+}
+
 CCliStatus CCliTableCommands::printMatch(const CColourTable &table, const RgbColour &sample,
                                          int count, bool json)
 {
-    if (table.count() == 0) {
-        return CCliStatus::badInput(
-            CTableMessageText::emptyLibrary(QFileInfo(table.filePath()).baseName()));
-    }
+    const CCliStatus status = checkMatchable(table);
+    if (status.failed())
+        return status;
     const QVector<CMatchResult> sorted = CColourMatcher::match(table, sample);
     const int rows = CColourMatcher::rowsToShow(sorted, count);
     CCliOutput::line(json ? CCliMatchFormatter::json(sorted, rows)

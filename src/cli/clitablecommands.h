@@ -19,8 +19,9 @@ public:
     static CCliStatus loadTable(const QString &path, CColourTable *table);
     // Reads --count (default 4): at least that many rows are shown.
     static CCliStatus rowCountOption(const QString &text, int *count);
-    // Prints the rows to show for sample as TSV (json false) or JSON. An
-    // empty table cannot be matched: that fails with the application's text.
+    // An empty table cannot be matched: that fails with the application's text.
+    static CCliStatus checkMatchable(const CColourTable &table);
+    // Prints the rows to show for sample as TSV (json false) or JSON.
     static CCliStatus printMatch(const CColourTable &table, const RgbColour &sample, int count,
                                  bool json);
 };

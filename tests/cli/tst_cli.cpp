@@ -128,6 +128,7 @@ private slots:
     void samplePngWithAlphaIgnoresAlpha();
     void sampleTiffAndJpegAreRead();
     void sampleWithTableAppendsMatchRows();
+    void sampleWithEmptyTablePrintsNothing();
     void sampleUnreadableImages_data();
     void sampleUnreadableImages();
 };
@@ -1149,6 +1150,15 @@ void TestCli::sampleWithTableAppendsMatchRows()
     QCOMPARE(run.outLines().size(), 1 + 1 + 5); // header and the five close greys
     const Run defaultCount = cli({"sample", file, "--point", "2,2", "--table", table});
     QCOMPARE(defaultCount.outLines().mid(1), expectedTsv(table, grey, 4));
+}
+
+void TestCli::sampleWithEmptyTablePrintsNothing()
+{
+    const QString file = writeImage("for-empty.png", ImageWriter::gradient(6, 6));
+    const QString table = writeTable("Nothing.clrtable", "# no colours\n");
+    const Run run = cli({"sample", file, "--point", "2,2", "--table", table});
+    verifyError(run, 2, "The Nothing Colour Match Library is empty, so a match cannot be attempted.");
+    QVERIFY(run.out.isEmpty());
 }
 
 void TestCli::sampleUnreadableImages_data()
