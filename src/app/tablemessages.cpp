@@ -2,6 +2,7 @@
 
 #include "tables/colourlibrary.h"
 #include "tables/colourtable.h"
+#include "tables/tablemessagetext.h"
 #include "tables/waitcursor.h"
 
 #include <QComboBox>
@@ -12,14 +13,12 @@
 
 namespace {
 
-// One critical box per failed load; the texts are the caller's, since data
-// sets and library tables word them differently.
-bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result,
-                const QString &cannotOpenText, const QString &badLineText)
+// One critical box per failed load; the text comes from the core so that
+// the command-line tool words it the same way.
+bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result, const QString &text)
 {
     if (result.status == CColourTable::Loaded)
         return true;
-    const QString &text = result.status == CColourTable::CannotOpen ? cannotOpenText : badLineText;
     QMessageBox::critical(parent, CTableMessages::tr("Vellora"), text, QMessageBox::Ok);
     return false;
 }
@@ -30,21 +29,13 @@ bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, cons
                                       const QString &path)
 {
     const CColourTable::LoadResult result = table.load(path);
-    return reportLoad(parent, result,
-                      tr("Error while attempting to open colour table file:\n%1").arg(path),
-                      tr("Unable to load colour table:\n%1\n\nError in line %2")
-                          .arg(tableName)
-                          .arg(result.lineNumber));
+    return reportLoad(parent, result, CTableMessageText::loadError(result, tableName, path));
 }
 
 bool CTableMessages::reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
                                          const QString &path)
 {
-    return reportLoad(parent, result,
-                      tr("Error while attempting to open data table:\n%1").arg(path),
-                      tr("Unable to load data table:\n%1\n\nError in line %2")
-                          .arg(path)
-                          .arg(result.lineNumber));
+    return reportLoad(parent, result, CTableMessageText::dataLoadError(result, path));
 }
 
 bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,

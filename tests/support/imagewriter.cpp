@@ -1,5 +1,8 @@
 #include "imagewriter.h"
 
+#include "gifencoder.h"
+
+#include <QFile>
 #include <QImageWriter>
 
 namespace ImageWriter {
@@ -45,7 +48,12 @@ bool writeIndexedGif(const QString &path, int width, int height, const QVector<Q
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, uint(x * palette.size() / width));
-    return write(image, path);
+    // Qt reads GIF but usually has no writer for it.
+    if (QImageWriter::supportedImageFormats().contains("gif"))
+        return write(image, path);
+    QFile file(path);
+    const QByteArray bytes = GifEncoder::encode(image);
+    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 bool writeJpeg(const QString &path, int width, int height, const QColor &colour)
