@@ -2,6 +2,7 @@
 
 #include "tables/colourlibrary.h"
 #include "tables/colourtable.h"
+#include "tables/tablemessagetext.h"
 #include "tables/waitcursor.h"
 
 #include <QComboBox>
@@ -10,25 +11,31 @@
 #include <QIcon>
 #include <QMessageBox>
 
+namespace {
+
+// One critical box per failed load; the text comes from the core so that
+// the command-line tool words it the same way.
+bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result, const QString &text)
+{
+    if (result.status == CColourTable::Loaded)
+        return true;
+    QMessageBox::critical(parent, CTableMessages::tr("Vellora"), text, QMessageBox::Ok);
+    return false;
+}
+
+} // namespace
+
 bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
                                       const QString &path)
 {
     const CColourTable::LoadResult result = table.load(path);
-    if (result.status == CColourTable::CannotOpen) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Error while attempting to open colour table file:\n%1").arg(path),
-                              QMessageBox::Ok);
-        return false;
-    }
-    if (result.status == CColourTable::BadLine) {
-        QMessageBox::critical(parent, tr("Vellora"),
-                              tr("Unable to load colour table:\n%1\n\nError in line %2")
-                                  .arg(tableName)
-                                  .arg(result.lineNumber),
-                              QMessageBox::Ok);
-        return false;
-    }
-    return true;
+    return reportLoad(parent, result, CTableMessageText::loadError(result, tableName, path));
+}
+
+bool CTableMessages::reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
+                                         const QString &path)
+{
+    return reportLoad(parent, result, CTableMessageText::dataLoadError(result, path));
 }
 
 bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &path,

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "tables/colourtable.h"
+
 #include <QCoreApplication>
 #include <QString>
 
-class CColourTable;
 class QComboBox;
 class QWidget;
 
@@ -18,6 +19,11 @@ public:
     // reported in a critical box. True only when the table was loaded.
     static bool loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
                                  const QString &path);
+
+    // Reports how loading a data set from path went, with the data set's own
+    // texts (the path stands in both messages). True only for a loaded table.
+    static bool reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
+                                    const QString &path);
 
     // Writes table to path, creating missing folders. Unless told otherwise
     // asks before replacing an existing file; a failed write is reported.

@@ -4,10 +4,16 @@
 
 #include <QVector>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -133,20 +139,148 @@ private:
     std::array<Slot, (1 << kBits)> m_slots{};
 };
 
+void addLab(LabColour &sum, const LabColour &lab)
+{
+    sum.L += lab.L;
+    sum.a += lab.a;
+    sum.b += lab.b;
+}
+
+// Converts and sums rows first..last of the region, in order.
+void sumRows(const QImage &image, const QRect &region, int first, int last, LabCache &cache,
+             LabColour &sum)
+{
+    // Locals, not the caller's memory: in the pipeline below another thread
+    // reads data that may share a cache line with the caller's variables.
+    const int width = region.width();
+    LabColour local = sum;
+    RowReader reader(image, region);
+    for (int y = first; y <= last; ++y) {
+        const QRgb *row = reader.row(y);
+        for (int i = 0; i < width; ++i)
+            addLab(local, cache.lab(row[i]));
+    }
+    sum = local;
+}
+
+// Large regions are split into blocks of rows. A helper thread converts
+// every second block into one of two buffers while the calling thread
+// converts the others; the calling thread alone adds everything up, pixel by
+// pixel in image order, so that the sum is the very one a single loop over
+// the pixel list gives.
+class LabBlockPipeline
+{
+public:
+    LabBlockPipeline(const QImage &image, const QRect &region)
+        : m_image(image), m_region(region),
+          m_rowsPerBlock(std::max(1, kPixelsPerBlock / region.width())),
+          m_blocks((region.height() + m_rowsPerBlock - 1) / m_rowsPerBlock)
+    {
+        for (std::vector<LabColour> &slot : m_slots)
+            slot.resize(size_t(m_rowsPerBlock) * size_t(region.width()));
+    }
+
+    // False, leaving total alone, when no thread could be started.
+    bool sum(LabColour *total)
+    {
+        std::thread helper;
+        try {
+            helper = std::thread(&LabBlockPipeline::convertOddBlocks, this);
+        } catch (const std::system_error &) {
+            return false;
+        }
+        auto cache = std::make_unique<LabCache>();
+        for (int block = 0; block < m_blocks; ++block) {
+            if (block % 2 == 0)
+                sumRows(m_image, m_region, firstRow(block), lastRow(block), *cache, *total);
+            else
+                sumConverted(block / 2, pixelsIn(block), *total);
+        }
+        helper.join();
+        return true;
+    }
+
+    static bool worthIt(const QRect &region)
+    {
+        return qint64(region.width()) * region.height() >= kMinimumPixels
+               && std::thread::hardware_concurrency() >= 2;
+    }
+
+private:
+    static constexpr int kPixelsPerBlock = 1 << 16;
+    static constexpr qint64 kMinimumPixels = qint64(1) << 19;
+
+    int firstRow(int block) const { return m_region.top() + block * m_rowsPerBlock; }
+    int lastRow(int block) const
+    {
+        return std::min(firstRow(block) + m_rowsPerBlock - 1, m_region.bottom());
+    }
+    size_t pixelsIn(int block) const
+    {
+        return size_t(lastRow(block) - firstRow(block) + 1) * size_t(m_region.width());
+    }
+
+    void convertOddBlocks()
+    {
+        auto cache = std::make_unique<LabCache>();
+        RowReader reader(m_image, m_region);
+        const int width = m_region.width();
+        for (int k = 0, block = 1; block < m_blocks; ++k, block += 2) {
+            waitUntil([&] { return k - m_consumed < 2; });
+            LabColour *out = m_slots[k % 2].data();
+            for (int y = firstRow(block), last = lastRow(block); y <= last; ++y) {
+                const QRgb *row = reader.row(y);
+                for (int i = 0; i < width; ++i)
+                    *out++ = cache->lab(row[i]);
+            }
+            announce([&] { m_produced = k + 1; });
+        }
+    }
+
+    void sumConverted(int k, size_t pixels, LabColour &total)
+    {
+        waitUntil([&] { return m_produced > k; });
+        const LabColour *in = m_slots[k % 2].data();
+        LabColour local = total;
+        for (size_t i = 0; i < pixels; ++i)
+            addLab(local, in[i]);
+        total = local;
+        announce([&] { m_consumed = k + 1; });
+    }
+
+    template <typename Condition> void waitUntil(Condition condition)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait(lock, condition);
+    }
+
+    template <typename Change> void announce(Change change)
+    {
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            change();
+        }
+        m_changed.notify_all();
+    }
+
+    const QImage &m_image;
+    const QRect m_region;
+    const int m_rowsPerBlock;
+    const int m_blocks;
+    std::array<std::vector<LabColour>, 2> m_slots;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    int m_produced = 0; // odd blocks converted by the helper
+    int m_consumed = 0; // odd blocks added up by the caller
+};
+
 RgbColour labMean(const QImage &image, const QRect &region)
 {
-    // The cache is large; keep it off the stack.
-    auto cache = std::make_unique<LabCache>();
-    RowReader reader(image, region);
     LabColour sum;
-    for (int y = region.top(); y <= region.bottom(); ++y) {
-        const QRgb *row = reader.row(y);
-        for (int i = 0; i < region.width(); ++i) {
-            const LabColour &lab = cache->lab(row[i]);
-            sum.L += lab.L;
-            sum.a += lab.a;
-            sum.b += lab.b;
-        }
+    if (!LabBlockPipeline::worthIt(region) || !LabBlockPipeline(image, region).sum(&sum)) {
+        // The cache is large; keep it off the stack.
+        auto cache = std::make_unique<LabCache>();
+        sumRows(image, region, region.top(), region.bottom(), *cache, sum);
     }
     const double n = static_cast<double>(region.width()) * region.height();
     return labToRgb(sum.L / n, sum.a / n, sum.b / n);

@@ -2,38 +2,39 @@
 
 namespace {
 
-const int kMinCodeSize = 8;
-const int kClearCode = 256;
-const int kEndCode = 257;
-const int kCodeWidth = 9;
-// Restarting the code table this often keeps every code 9 bits wide, so the
-// encoder never needs a dictionary: each pixel is written as a literal.
-const int kLiteralsPerTable = 250;
-
 void appendWord(QByteArray &out, int value)
 {
-    out.append(char(value & 0xff));
-    out.append(char((value >> 8) & 0xff));
+    out += char(value & 0xff);
+    out += char((value >> 8) & 0xff);
 }
 
+// Bits packed least significant first into 255-byte sub-blocks.
 class BitWriter
 {
 public:
-    void write(int code)
+    void write(int code, int width)
     {
         m_buffer |= quint32(code) << m_bits;
-        m_bits += kCodeWidth;
+        m_bits += width;
         while (m_bits >= 8) {
-            m_bytes.append(char(m_buffer & 0xff));
+            m_bytes += char(m_buffer & 0xff);
             m_buffer >>= 8;
             m_bits -= 8;
         }
     }
-    QByteArray finish()
+
+    QByteArray subBlocks()
     {
         if (m_bits > 0)
-            m_bytes.append(char(m_buffer & 0xff));
-        return m_bytes;
+            m_bytes += char(m_buffer & 0xff);
+        QByteArray out;
+        for (int i = 0; i < m_bytes.size(); i += 255) {
+            const QByteArray block = m_bytes.mid(i, 255);
+            out += char(block.size());
+            out += block;
+        }
+        out += char(0);
+        return out;
     }
 
 private:
@@ -42,33 +43,35 @@ private:
     int m_bits = 0;
 };
 
-QByteArray lzwLiterals(const QImage &image)
+int paletteBits(int colours)
 {
-    BitWriter writer;
-    int sinceClear = kLiteralsPerTable;
+    int bits = 1;
+    while ((1 << bits) < colours)
+        ++bits;
+    return bits;
+}
+
+QByteArray imageData(const QImage &image, int minimumCodeSize)
+{
+    const int clear = 1 << minimumCodeSize;
+    const int width = minimumCodeSize + 1;
+    // Restart the dictionary before it would need wider codes.
+    const int run = clear - 2;
+    BitWriter bits;
+    int sinceClear = run;
     for (int y = 0; y < image.height(); ++y) {
         const uchar *row = image.constScanLine(y);
         for (int x = 0; x < image.width(); ++x) {
-            if (sinceClear == kLiteralsPerTable) {
-                writer.write(kClearCode);
+            if (sinceClear == run) {
+                bits.write(clear, width);
                 sinceClear = 0;
             }
-            writer.write(row[x]);
+            bits.write(row[x], width);
             ++sinceClear;
         }
     }
-    writer.write(kEndCode);
-    return writer.finish();
-}
-
-void appendSubBlocks(QByteArray &out, const QByteArray &data)
-{
-    for (int at = 0; at < data.size(); at += 255) {
-        const QByteArray block = data.mid(at, 255);
-        out.append(char(block.size()));
-        out.append(block);
-    }
-    out.append(char(0));
+    bits.write(clear + 1, width);
+    return bits.subBlocks();
 }
 
 } // namespace
@@ -79,28 +82,30 @@ QByteArray encode(const QImage &image)
 {
     if (image.format() != QImage::Format_Indexed8 || image.isNull())
         return QByteArray();
+    const QVector<QRgb> palette = image.colorTable();
+    const int bits = paletteBits(qMax(palette.size(), 2));
     QByteArray out("GIF89a");
     appendWord(out, image.width());
     appendWord(out, image.height());
-    out.append(char(0xf7)); // global table of 256 entries, 8 bits per primary
-    out.append(char(0));
-    out.append(char(0));
-    const QVector<QRgb> table = image.colorTable();
-    for (int i = 0; i < 256; ++i) {
-        const QRgb c = i < table.size() ? table.at(i) : qRgb(0, 0, 0);
-        out.append(char(qRed(c)));
-        out.append(char(qGreen(c)));
-        out.append(char(qBlue(c)));
+    out += char(0x80 | ((bits - 1) << 4) | (bits - 1));
+    out += char(0);
+    out += char(0);
+    for (int i = 0; i < (1 << bits); ++i) {
+        const QRgb c = palette.value(i, 0);
+        out += char(qRed(c));
+        out += char(qGreen(c));
+        out += char(qBlue(c));
     }
-    out.append(char(0x2c));
+    out += char(0x2c);
     appendWord(out, 0);
     appendWord(out, 0);
     appendWord(out, image.width());
     appendWord(out, image.height());
-    out.append(char(0));
-    out.append(char(kMinCodeSize));
-    appendSubBlocks(out, lzwLiterals(image));
-    out.append(char(0x3b));
+    out += char(0);
+    const int minimumCodeSize = qMax(bits, 2);
+    out += char(minimumCodeSize);
+    out += imageData(image, minimumCodeSize);
+    out += char(0x3b);
     return out;
 }
 

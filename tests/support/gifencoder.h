@@ -3,11 +3,13 @@
 #include <QByteArray>
 #include <QImage>
 
-// Qt reads GIF files but cannot write them: this writes an 8-bit indexed
-// image as a single-frame GIF89a, so that tests can make their own fixtures.
+// A minimal GIF89a writer for 8-bit indexed images, for fixtures on systems
+// whose Qt reads GIF but cannot write it. The pixel data is stored without
+// real compression (a clear code before the dictionary would grow), which
+// every decoder reads.
 namespace GifEncoder {
 
-// The file's bytes; empty when the image is not Format_Indexed8 or is empty.
-QByteArray encode(const QImage &indexedImage);
+// The GIF bytes of an Indexed8 image; empty for any other format.
+QByteArray encode(const QImage &image);
 
 } // namespace GifEncoder

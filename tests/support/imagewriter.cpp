@@ -48,11 +48,11 @@ bool writeIndexedGif(const QString &path, int width, int height, const QVector<Q
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             image.setPixel(x, y, uint(x * palette.size() / width));
-    if (write(image, path))
-        return true;
-    // Qt has no GIF writer; encode it here.
-    const QByteArray bytes = GifEncoder::encode(image);
+    // Qt reads GIF but usually has no writer for it.
+    if (QImageWriter::supportedImageFormats().contains("gif"))
+        return write(image, path);
     QFile file(path);
+    const QByteArray bytes = GifEncoder::encode(image);
     return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 

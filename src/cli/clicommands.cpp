@@ -1,0 +1,107 @@
+#include "cli/clicommands.h"
+
+#include "cli/cliconversioncommands.h"
+#include "cli/clioutput.h"
+#include "cli/clisamplecommand.h"
+#include "cli/clitablecommands.h"
+
+#include <QHash>
+
+#include <functional>
+
+namespace {
+
+bool asksForHelp(const QStringList &words)
+{
+    const int end = words.indexOf(QStringLiteral("--"));
+    const QStringList options = words.mid(0, end); // all of them when there is no "--"
+    return options.contains(QStringLiteral("--help")) || options.contains(QStringLiteral("-h"));
+}
+
+} // namespace
+
+int CCliCommands::run(const QStringList &words)
+{
+    CCliStatus status = execute(words);
+    if (!CCliOutput::flush() && !status.failed())
+        status = CCliStatus::badInput(QStringLiteral("cannot write to standard output"));
+    if (status.failed())
+        CCliOutput::error(status.message());
+    return status.code();
+}
+
+CCliStatus CCliCommands::execute(const QStringList &words)
+{
+    if (asksForHelp(words)) {
+        CCliOutput::line(usage());
+        return CCliStatus::ok();
+    }
+    if (words.value(0) == QLatin1String("--version")) {
+        CCliOutput::line(version());
+        return CCliStatus::ok();
+    }
+    if (words.isEmpty())
+        return CCliStatus::usage(QStringLiteral("no command given (try --help)"));
+    return dispatch(words.first(), words.mid(1));
+}
+
+CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &words)
+{
+    using Command = std::function<CCliStatus(const QStringList &)>;
+    static const QHash<QString, Command> commands{
+        {QStringLiteral("lab"), CCliConversionCommands::lab},
+        {QStringLiteral("rgb"), CCliConversionCommands::rgb},
+        {QStringLiteral("deltae"), CCliConversionCommands::deltae},
+        {QStringLiteral("score"), CCliConversionCommands::score},
+        {QStringLiteral("table"), CCliTableCommands::table},
+        {QStringLiteral("match"), CCliTableCommands::match},
+        {QStringLiteral("sample"), CCliSampleCommand::run},
+    };
+    const auto found = commands.constFind(command);
+    if (found == commands.constEnd()) {
+        return CCliStatus::usage(
+            QStringLiteral("unknown command \"%1\" (try --help)").arg(command.left(40)));
+    }
+    return found.value()(words);
+}
+
+QString CCliCommands::version()
+{
+    return QStringLiteral("vellora-cli 1.0.0");
+}
+
+QString CCliCommands::usage()
+{
+    return QStringLiteral(
+        "Usage: vellora-cli COMMAND [ARGUMENTS] [OPTIONS]\n"
+        "\n"
+        "Colour matching in bulk, with the same colour maths as Vellora.\n"
+        "Numbers use \".\" as the decimal point; RGB fractions run from 0 to 1.\n"
+        "\n"
+        "Commands:\n"
+        "  lab R G B                   sRGB fractions to CIE L*a*b*\n"
+        "  rgb L a b                   CIE L*a*b* to sRGB fractions\n"
+        "  deltae L1 a1 b1 L2 a2 b2 [--double]\n"
+        "                              CIEDE2000 difference (single precision\n"
+        "                              unless --double)\n"
+        "  score DELTAE [--units percent|deltae]\n"
+        "                              verdict and match text for a \u0394E\n"
+        "  table FILE                  print a colour table as Vellora saves it\n"
+        "  match --table FILE (--rgb R,G,B | --hex RRGGBB) [--count N]\n"
+        "        [--format tsv|json]   closest colours of a table (at least N,\n"
+        "                              default 4, then those below \u0394E 2.5, up to 32)\n"
+        "  sample IMAGE (--point X,Y [--size 1|3|5|7|9] | --band X0,Y0,X1,Y1)\n"
+        "        [--average rgb|lab] [--table FILE [--count N]]\n"
+        "                              average colour of a click or rubber band\n"
+        "                              at 100% zoom, and its closest colours\n"
+        "\n"
+        "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
+        "set of numbers per line from standard input.\n"
+        "\n"
+        "Options:\n"
+        "  --help                      show this help\n"
+        "  --version                   show the version\n"
+        "\n"
+        "Exit status: 0 success, 1 usage error, 2 unreadable or malformed input,\n"
+        "3 a selection that holds no pixels.");
+}

@@ -1,0 +1,24 @@
+#include "cli/clilinereader.h"
+
+CCliLineReader::CCliLineReader(std::FILE *stream, int maximumLength)
+    : m_stream(stream), m_maximumLength(maximumLength)
+{}
+
+CCliLineReader::Result CCliLineReader::next(QByteArray *line)
+{
+    line->clear();
+    int c = std::getc(m_stream);
+    if (c == EOF)
+        return std::ferror(m_stream) ? ReadError : End;
+    ++m_lineNumber;
+    for (; c != EOF && c != '\n'; c = std::getc(m_stream)) {
+        if (line->size() >= m_maximumLength)
+            return TooLong;
+        line->append(char(c));
+    }
+    if (c == EOF && std::ferror(m_stream))
+        return ReadError;
+    if (line->endsWith('\r'))
+        line->chop(1);
+    return Line;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "tables/colourmatcher.h"
+
+#include <QString>
+#include <QVector>
+
+// The rows the match panel would show, as text for scripts: tab separated
+// values with a header line, or a JSON array of objects with the same keys
+// (rank, name, hex, deltaE, percent, verdict).
+class CCliMatchFormatter
+{
+public:
+    // The first rowCount results of a sorted match.
+    static QString tsv(const QVector<CMatchResult> &sorted, int rowCount);
+    static QString json(const QVector<CMatchResult> &sorted, int rowCount);
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "cli/cliarguments.h"
+#include "cli/clistatus.h"
+#include "colour/rgbcolour.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+
+// sample IMAGE: averages the pixels a click (--point, --size) or a rubber
+// band (--band) would pick at zoom 1, prints "R G B #rrggbb" and, with
+// --table, the match rows for that colour.
+class CCliSampleCommand
+{
+public:
+    static CCliStatus run(const QStringList &words);
+
+private:
+    // Everything the options say, checked before any file is read.
+    struct Request
+    {
+        QString imagePath;
+        bool useBand = false;
+        QPoint point;
+        int pickSize = 1;
+        QRect band; // normalised
+        bool useRgb = true;
+        QString tablePath;
+        int count = 0;
+    };
+
+    static CCliStatus parse(const QStringList &words, CCliArguments *args);
+    static CCliStatus readRequest(const CCliArguments &args, Request *request);
+    static CCliStatus readPick(const CCliArguments &args, Request *request);
+    static CCliStatus readImage(const QString &path, QImage *image);
+    static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour);
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+class CChartDataWindow;
+class CDataColourTable;
+class CDataGridDelegate;
+class CDataModel;
+class QTableView;
+
+// The data set's grid: a table view over CDataModel, painted and clicked
+// through CDataGridDelegate.
+class CDataGrid : public QWidget
+{
+    Q_OBJECT
+
+public:
+    CDataGrid(CChartDataWindow *page, CDataColourTable *table, QWidget *parent = nullptr);
+
+    QTableView *view() const { return m_view; }
+    CDataModel *model() const { return m_model; }
+    CDataGridDelegate *delegate() const { return m_delegate; }
+
+    // The width of a number column: the advance of "-000.0000  " in the
+    // grid's font.
+    int numberColumnWidth() const;
+    // The width of the swatch and button columns: four font heights.
+    int narrowColumnWidth() const;
+
+private:
+    void setUpColumns();
+
+    QTableView *m_view = nullptr;
+    CDataModel *m_model = nullptr;
+    CDataGridDelegate *m_delegate = nullptr;
+};

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+
+class CChartDataWindow;
+class CColourTableEntry;
+class CDataColourTable;
+
+// The data set as a table: swatch, name, RGB, L*a*b*, and the states of the
+// rename and delete buttons drawn by CDataGridDelegate. Read-only for views:
+// the only writes are the button states, which never report a change (the
+// delegate repaints the view itself).
+class CDataModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column {
+        ColSwatch = 0,
+        ColName = 1,
+        ColRed = 2,
+        ColGreen = 3,
+        ColBlue = 4,
+        ColL = 5,
+        ColA = 6,
+        ColB = 7,
+        ColEdit = 8,
+        ColDelete = 9,
+        ColFiller = 10,
+        ColumnCount = 11
+    };
+    // Button states kept per row in the data set's marker lists.
+    enum ButtonState { ButtonNormal = 0, ButtonHover = 1, ButtonPressed = 2 };
+
+    // `page` may be null (a grid shown on its own); the table is not owned.
+    CDataModel(CChartDataWindow *page, CDataColourTable *table, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+
+    CDataColourTable *table() const { return m_table; }
+    // Points the model at another table (or the same one after it was
+    // emptied or reloaded) and resets the views.
+    void setTable(CDataColourTable *table);
+    // Appends an entry to the data set (the table takes it) as a new row.
+    void appendEntry(CColourTableEntry *entry);
+
+    bool isModified() const { return m_modified; }
+    // Stores the flag, swaps the page's Save icon, repaints every row and
+    // has the window title recomposed.
+    void setModified(bool modified);
+
+public slots:
+    // Renames the row's entry through the text prompt.
+    void editRecord(const QModelIndex &index);
+    // Removes the row's entry at once, without a question.
+    void deleteRecord(const QModelIndex &index);
+
+private:
+    bool isDataRow(const QModelIndex &index) const;
+    QVariant displayText(int row, int column) const;
+
+    CChartDataWindow *m_page = nullptr;
+    CDataColourTable *m_table = nullptr;
+    QStringList m_headers;
+    bool m_modified = false;
+};
