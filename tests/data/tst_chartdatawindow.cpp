@@ -7,7 +7,7 @@
 #include "data/datamodel.h"
 #include "data/dlgdatacolouradd.h"
 
-#include "modalsequence.h"
+#include "support/modalsequence.h"
 #include "support/fixturefile.h"
 #include "support/modalanswerer.h"
 #include "support/storedsettings.h"

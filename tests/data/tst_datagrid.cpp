@@ -7,7 +7,7 @@
 #include "data/datamodel.h"
 #include "tables/datacolourtable.h"
 
-#include "modalsequence.h"
+#include "support/modalsequence.h"
 #include "support/fixturefile.h"
 
 #include <QHeaderView>

@@ -5,7 +5,7 @@
 #include "data/dlgdatacolouradd.h"
 #include "tables/datacolourtable.h"
 
-#include "modalsequence.h"
+#include "support/modalsequence.h"
 #include "support/modalanswerer.h"
 #include "support/temphome.h"
 

@@ -1,4 +1,4 @@
-#include "modalsequence.h"
+#include "support/modalsequence.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
