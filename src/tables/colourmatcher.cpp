@@ -59,13 +59,7 @@ void sortByDeltaE(std::vector<quint64> &keys)
 
 void fillResult(CMatchResult &r, const CColourTableEntry &e, float deltaE)
 {
-    r.name = e.name;
-    r.red = e.red;
-    r.green = e.green;
-    r.blue = e.blue;
-    r.L = e.L;
-    r.a = e.a;
-    r.b = e.b;
+    static_cast<CColourTableEntry &>(r) = e;
     r.deltaE = deltaE;
 }
 

@@ -1,22 +1,17 @@
 #pragma once
 
 #include "colour/rgbcolour.h"
+#include "tables/colourtableentry.h"
 
 #include <QString>
 #include <QVector>
 
 class CColourTable;
 
-// One table entry scored against the sample.
-struct CMatchResult
+// One table entry scored against the sample: the entry as it stands in the
+// table, and its difference from the sample.
+struct CMatchResult : CColourTableEntry
 {
-    QString name;
-    double red = 0.0;
-    double green = 0.0;
-    double blue = 0.0;
-    double L = 0.0;
-    double a = 0.0;
-    double b = 0.0;
     float deltaE = 0.0f; // single-precision CIEDE2000 (entry, sample)
 };
 
