@@ -1,5 +1,9 @@
 #include "app/appcontext.h"
 
+#include "version.h"
+
+#include <QCoreApplication>
+
 // Q_INIT_RESOURCE cannot be used inside a namespace.
 static void registerCompiledResources()
 {
@@ -13,16 +17,26 @@ QString g_widgetPrefix = QStringLiteral(":/resources/widgets/");
 bool g_resourcesRegistered = false;
 } // namespace
 
-QString productName() { return QStringLiteral("Vellora"); }
+QString productName() { return QCoreApplication::translate("AppContext", "Vellora"); }
 
-int versionMajor() { return 1; }
+QString organisationName() { return QStringLiteral("Tessaline"); }
 
-int versionMinor() { return 0; }
+QString versionText() { return QStringLiteral(VELLORA_VERSION); }
 
-QString versionTitle()
+int versionMajor() { return VELLORA_VERSION_MAJOR; }
+
+int versionMinor() { return VELLORA_VERSION_MINOR; }
+
+QString versionTitle() { return productName() + QStringLiteral(" v") + versionText(); }
+
+QString helpCollectionName() { return QStringLiteral(VELLORA_HELP_COLLECTION); }
+
+void setApplicationIdentity()
 {
-    return productName() + QStringLiteral(" v") + QString::number(versionMajor())
-        + QStringLiteral(".") + QString::number(versionMinor()) + QStringLiteral(".0");
+    QCoreApplication::setOrganizationName(organisationName());
+    // The store's name, never translated.
+    QCoreApplication::setApplicationName(QStringLiteral("Vellora"));
+    QCoreApplication::setApplicationVersion(versionText());
 }
 
 QString widgetPrefix() { return g_widgetPrefix; }

@@ -76,7 +76,10 @@ void fillFromDefault(QString &folder, QString &defaultFolder, const char *failur
 
 CAppSettings::CAppSettings()
 {
-    store = new QSettings(QStringLiteral("Tessaline"), AppContext::productName());
+    // main names the application at start; a window built without main (a
+    // test) must find the same store.
+    AppContext::setApplicationIdentity();
+    store = std::make_unique<QSettings>();
     loadFolders();
     createDataFolders();
     sampleCreated = store->value(kSampleCreated, false).toBool();
@@ -85,10 +88,7 @@ CAppSettings::CAppSettings()
     loadPreferences();
 }
 
-CAppSettings::~CAppSettings()
-{
-    delete store;
-}
+CAppSettings::~CAppSettings() = default;
 
 void CAppSettings::loadFolders()
 {
@@ -130,12 +130,8 @@ void CAppSettings::createDataFolders()
 
 void CAppSettings::createSampleTable()
 {
-    // Written once only: a user who deletes the sample does not want it back.
-    const QString path = libraryDir + QStringLiteral("/") + QStringLiteral("WebColours.clrtable");
-    if (libraryDir.isEmpty() || QFile::exists(path) || sampleCreated)
-        return;
     // A failed write leaves the flag false, so the next start tries again.
-    if (writeWebColoursTable(path))
+    if (writeWebColoursTableOnce(libraryDir, sampleCreated))
         sampleCreated = true;
 }
 

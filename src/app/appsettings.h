@@ -3,6 +3,8 @@
 #include <QRect>
 #include <QStringList>
 
+#include <memory>
+
 class CMainWindow;
 class QSettings;
 class QWidget;
@@ -46,7 +48,7 @@ public:
     // Reads baseKey + "A" and baseKey + "B".
     void readSplit(const QString &baseKey, int defaultA, int defaultB, int *splitA, int *splitB);
 
-    QSettings *store = nullptr;
+    std::unique_ptr<QSettings> store;
     QString workDir;
     QStringList recentFiles;
     QString dataDefaultDir;

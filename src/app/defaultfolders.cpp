@@ -1,6 +1,5 @@
 #include "app/defaultfolders.h"
 
-#include "app/appcontext.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -24,13 +23,13 @@ QString defaultDataFolder(bool nativeSeparators)
 {
     QString &folder = cachedDataFolder();
     if (folder.isEmpty())
-        folder = firstDocumentsLocation() + QStringLiteral("/") + AppContext::productName();
+        folder = QDir(firstDocumentsLocation()).filePath(QStringLiteral("Vellora"));
     return nativeSeparators ? QDir::toNativeSeparators(folder) : folder;
 }
 
 QString defaultLibraryFolder()
 {
-    return defaultDataFolder(false) + QStringLiteral("/ColourLibrary");
+    return QDir(defaultDataFolder(false)).filePath(QStringLiteral("ColourLibrary"));
 }
 
 QString defaultWorkFolder()

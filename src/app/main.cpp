@@ -6,13 +6,14 @@
 
 namespace {
 
-QIcon *createApplicationIcon()
+// The application icon in its three sizes.
+QIcon applicationIcon()
 {
-    auto *icon = new QIcon(QStringLiteral(":/resources/icons/VelloraIcon48x48.png"));
-    icon->addFile(QStringLiteral(":/resources/icons/VelloraIcon32x32.png"), QSize(), QIcon::Normal,
-                  QIcon::Off);
-    icon->addFile(QStringLiteral(":/resources/icons/VelloraIcon16x16.png"), QSize(), QIcon::Normal,
-                  QIcon::Off);
+    QIcon icon(QStringLiteral(":/resources/icons/VelloraIcon48x48.png"));
+    icon.addFile(QStringLiteral(":/resources/icons/VelloraIcon32x32.png"), QSize(), QIcon::Normal,
+                 QIcon::Off);
+    icon.addFile(QStringLiteral(":/resources/icons/VelloraIcon16x16.png"), QSize(), QIcon::Normal,
+                 QIcon::Off);
     return icon;
 }
 
@@ -29,21 +30,15 @@ void offerTipOfTheDay(CMainWindow *parent, const QString &titleBase)
 
 int main(int argc, char *argv[])
 {
-    const QString versionTitle = AppContext::versionTitle();
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
-    auto *application = new CApplication(argc, argv);
+    CApplication application(argc, argv);
+    AppContext::setApplicationIdentity();
     AppContext::initResources();
     AppContext::setWidgetPrefix(QStringLiteral(":/resources/widgets/"));
-    QIcon *icon = createApplicationIcon();
-    QApplication::setWindowIcon(*icon);
+    QApplication::setWindowIcon(applicationIcon());
 
-    auto *mainWindow = new CMainWindow(versionTitle);
-    mainWindow->show();
-    offerTipOfTheDay(mainWindow, AppContext::productName());
-    const int code = application->exec();
-
-    delete mainWindow;
-    delete icon;
-    delete application;
-    return code;
+    CMainWindow mainWindow(AppContext::versionTitle());
+    mainWindow.show();
+    offerTipOfTheDay(&mainWindow, AppContext::productName());
+    return application.exec();
 }

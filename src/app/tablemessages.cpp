@@ -1,9 +1,10 @@
 #include "app/tablemessages.h"
 
+#include "app/appcontext.h"
+#include "app/waitcursor.h"
 #include "tables/colourlibrary.h"
 #include "tables/colourtable.h"
 #include "tables/tablemessagetext.h"
-#include "tables/waitcursor.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -19,7 +20,7 @@ bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result, const Q
 {
     if (result.status == CColourTable::Loaded)
         return true;
-    QMessageBox::critical(parent, CTableMessages::tr("Vellora"), text, QMessageBox::Ok);
+    QMessageBox::critical(parent, AppContext::productName(), text, QMessageBox::Ok);
     return false;
 }
 
@@ -28,8 +29,15 @@ bool reportLoad(QWidget *parent, const CColourTable::LoadResult &result, const Q
 bool CTableMessages::loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
                                       const QString &path)
 {
-    const CColourTable::LoadResult result = table.load(path);
+    const CColourTable::LoadResult result = loadWithWaitCursor(table, path);
     return reportLoad(parent, result, CTableMessageText::loadError(result, tableName, path));
+}
+
+CColourTable::LoadResult CTableMessages::loadWithWaitCursor(CColourTable &table,
+                                                            const QString &path)
+{
+    const CWaitCursor waitCursor;
+    return table.load(path);
 }
 
 bool CTableMessages::reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,
@@ -44,14 +52,14 @@ bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &p
     QDir().mkpath(QFileInfo(path).absolutePath());
     if (!overwriteWithoutAsking && QFileInfo::exists(path)) {
         const QMessageBox::StandardButton answer = QMessageBox::question(
-            parent, tr("Vellora"),
+            parent, AppContext::productName(),
             tr("The file:\n%1\nalready exists.\nWould you like to overwrite it?").arg(path),
             QMessageBox::Yes | QMessageBox::No);
         if (answer != QMessageBox::Yes)
             return false;
     }
     if (!table.write(path)) {
-        QMessageBox::critical(parent, tr("Vellora"), tr("Error, writing to file: %1.").arg(path),
+        QMessageBox::critical(parent, AppContext::productName(), tr("Error, writing to file: %1.").arg(path),
                               QMessageBox::Ok);
         return false;
     }

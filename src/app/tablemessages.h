@@ -20,6 +20,9 @@ public:
     static bool loadWithMessages(QWidget *parent, CColourTable &table, const QString &tableName,
                                  const QString &path);
 
+    // Loads path into table under the wait cursor; nothing is reported.
+    static CColourTable::LoadResult loadWithWaitCursor(CColourTable &table, const QString &path);
+
     // Reports how loading a data set from path went, with the data set's own
     // texts (the path stands in both messages). True only for a loaded table.
     static bool reportDataTableLoad(QWidget *parent, const CColourTable::LoadResult &result,

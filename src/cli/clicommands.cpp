@@ -4,6 +4,7 @@
 #include "cli/clioutput.h"
 #include "cli/clisamplecommand.h"
 #include "cli/clitablecommands.h"
+#include "version.h"
 
 #include <QHash>
 
@@ -67,7 +68,7 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
 
 QString CCliCommands::version()
 {
-    return QStringLiteral("vellora-cli 1.0.0");
+    return QStringLiteral("vellora-cli " VELLORA_VERSION);
 }
 
 QString CCliCommands::usage()

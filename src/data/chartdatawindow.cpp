@@ -245,7 +245,7 @@ bool CChartDataWindow::openFile(const QString &path)
         m_table.clear();
         rememberDataFolder(path);
     }
-    const CColourTable::LoadResult result = m_table.load(path);
+    const CColourTable::LoadResult result = CTableMessages::loadWithWaitCursor(m_table, path);
     m_model->setTable(&m_table);
     if (result.status == CColourTable::Loaded)
         m_table.setUntitled(false);

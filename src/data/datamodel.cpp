@@ -156,9 +156,7 @@ void CDataModel::deleteRecord(const QModelIndex &index)
         return;
     const int row = index.row();
     beginRemoveRows(QModelIndex(), row, row);
-    CColourTableEntry *entry = m_table->at(row);
-    m_table->removeAt(row);
-    delete entry; // removeAt leaves the entry to its caller
+    m_table->takeAt(row);
     endRemoveRows();
     setModified(true);
 }

@@ -1,5 +1,6 @@
 #include "sample/imagesource.h"
 
+#include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/commandid.h"
 #include "sample/previewfiledialog.h"
@@ -68,6 +69,6 @@ bool CImageSource::readFile()
 
 void CImageSource::reportUnreadable()
 {
-    QMessageBox::warning(m_parent, tr("Vellora"),
+    QMessageBox::warning(m_parent, AppContext::productName(),
                          tr("The file:\n\n%1\n\ncould not be opened.").arg(m_path), QMessageBox::Ok);
 }

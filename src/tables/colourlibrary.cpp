@@ -23,7 +23,7 @@ QList<LibraryTableItem> listLibraryTables(const QString &folder)
 QString libraryTablePath(const QString &libraryFolder, const QString &tableName)
 {
     const QFileInfo info(QDir(libraryFolder), tableName);
-    QString path = info.path() + QLatin1Char('/') + info.completeBaseName();
+    QString path = QDir(info.path()).filePath(info.completeBaseName());
     if (info.suffix().isEmpty())
         path += QStringLiteral(".clrtable");
     return path;

@@ -71,21 +71,21 @@ QVector<CMatchResult> CColourMatcher::match(const CColourTable &table, const Rgb
     const float sampleL = float(lab.L);
     const float sampleA = float(lab.a);
     const float sampleB = float(lab.b);
-    const QList<CColourTableEntry *> &entries = table.entries();
-    std::vector<float> deltaEs(size_t(entries.size()));
-    std::vector<quint64> order(size_t(entries.size()));
-    for (int i = 0; i < entries.size(); ++i) {
-        const CColourTableEntry *e = entries.at(i);
+    const int entryCount = table.count();
+    std::vector<float> deltaEs(static_cast<size_t>(entryCount));
+    std::vector<quint64> order(static_cast<size_t>(entryCount));
+    for (int i = 0; i < entryCount; ++i) {
+        const CColourTableEntry *e = table.at(i);
         deltaEs[size_t(i)] = deltaE2000(float(e->L), float(e->a), float(e->b), sampleL, sampleA, sampleB);
         order[size_t(i)] = sortKey(deltaEs[size_t(i)], i);
     }
     // Ties keep table order here, though callers may not rely on any order
     // among equal differences.
     sortByDeltaE(order);
-    QVector<CMatchResult> results(entries.size());
+    QVector<CMatchResult> results(entryCount);
     for (int i = 0; i < results.size(); ++i) {
         const int index = indexOfKey(order[size_t(i)]);
-        fillResult(results[i], *entries.at(index), deltaEs[size_t(index)]);
+        fillResult(results[i], *table.at(index), deltaEs[size_t(index)]);
     }
     return results;
 }

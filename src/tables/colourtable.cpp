@@ -1,6 +1,5 @@
 #include "tables/colourtable.h"
 
-#include "tables/waitcursor.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -87,19 +86,15 @@ std::unique_ptr<CColourTableEntry> parseEntry(const QStringRef &data)
 
 } // namespace
 
-CColourTable::~CColourTable()
-{
-    qDeleteAll(m_entries);
-}
+CColourTable::~CColourTable() = default;
 
 void CColourTable::add(CColourTableEntry *entry)
 {
-    m_entries.append(entry);
+    m_entries.emplace_back(entry);
 }
 
 void CColourTable::clear()
 {
-    qDeleteAll(m_entries);
     m_entries.clear();
     m_filePath.clear();
     m_header.clear();
@@ -107,16 +102,40 @@ void CColourTable::clear()
 
 bool CColourTable::removeAt(int index)
 {
-    if (index < 0 || index >= m_entries.size())
+    if (index < 0 || index >= count())
         return false;
-    m_entries.removeAt(index);
+    // The caller holds the entry (see the header): ownership goes with it.
+    static_cast<void>(m_entries[size_t(index)].release());
+    m_entries.erase(m_entries.begin() + index);
     return true;
+}
+
+std::unique_ptr<CColourTableEntry> CColourTable::takeAt(int index)
+{
+    if (index < 0 || index >= count())
+        return nullptr;
+    std::unique_ptr<CColourTableEntry> entry(at(index));
+    if (!removeAt(index)) {
+        static_cast<void>(entry.release()); // still listed, still the table's
+        return nullptr;
+    }
+    return entry;
+}
+
+QList<CColourTableEntry *> CColourTable::entries() const
+{
+    QList<CColourTableEntry *> list;
+    list.reserve(count());
+    for (const std::unique_ptr<CColourTableEntry> &entry : m_entries)
+        list.append(entry.get());
+    return list;
 }
 
 void CColourTable::sort()
 {
     std::sort(m_entries.begin(), m_entries.end(),
-              [](const CColourTableEntry *x, const CColourTableEntry *y) {
+              [](const std::unique_ptr<CColourTableEntry> &x,
+                 const std::unique_ptr<CColourTableEntry> &y) {
                   return QString::compare(x->name, y->name, Qt::CaseInsensitive) < 0;
               });
 }
@@ -124,7 +143,9 @@ void CColourTable::sort()
 bool CColourTable::containsName(const QString &name) const
 {
     return std::any_of(m_entries.cbegin(), m_entries.cend(),
-                       [&name](const CColourTableEntry *e) { return e->name == name; });
+                       [&name](const std::unique_ptr<CColourTableEntry> &e) {
+                           return e->name == name;
+                       });
 }
 
 CColourTable::LoadResult CColourTable::load(const QString &path)
@@ -135,7 +156,6 @@ CColourTable::LoadResult CColourTable::load(const QString &path)
         result.status = CannotOpen;
         return result;
     }
-    CWaitCursor waitCursor;
     clear();
     m_filePath = path;
     const QByteArray bytes = file.readAll();
@@ -175,7 +195,7 @@ bool CColourTable::readLine(const QString &line)
     if (!entry)
         return false;
     // Appended directly: loading must not extend a derived table's own lists.
-    m_entries.append(entry.release());
+    m_entries.push_back(std::move(entry));
     return true;
 }
 
@@ -187,7 +207,7 @@ QByteArray CColourTable::serialise() const
         out += '\n';
     }
     const QString line = QStringLiteral("%1, %2, %3, %4\n");
-    for (const CColourTableEntry *e : m_entries) {
+    for (const std::unique_ptr<CColourTableEntry> &e : m_entries) {
         QString name = e->name;
         name.replace(QLatin1Char(','), QLatin1Char(';'));
         out += line.arg(QString::number(e->red, 'f', 4), QString::number(e->green, 'f', 4),

@@ -6,6 +6,9 @@
 #include <QList>
 #include <QString>
 
+#include <memory>
+#include <vector>
+
 // A named list of colours kept in a line-oriented text file: the format of
 // library tables and data sets alike. The core only reports what happened;
 // messages and questions are shown by the widget layer (CTableMessages).
@@ -27,8 +30,15 @@ public:
     // The four list operations derived tables may extend.
     virtual void add(CColourTableEntry *entry); // takes ownership
     virtual void clear();                       // also empties filePath and header
-    virtual bool removeAt(int index);           // does not delete the entry
-    virtual void sort();                        // by name, case-insensitive, unstable
+    // Removes the entry from the list without deleting it: whoever calls it
+    // must have taken the pointer with at() first. takeAt() is the form that
+    // cannot leak.
+    virtual bool removeAt(int index);
+    virtual void sort(); // by name, case-insensitive, unstable
+
+    // Removes the entry at index (through removeAt, so a derived table's own
+    // lists follow) and hands it back; nullptr when there is none.
+    std::unique_ptr<CColourTableEntry> takeAt(int index);
 
     // Replaces the whole content. CannotOpen leaves the table untouched;
     // BadLine leaves it empty. Entries are appended directly, not via add().
@@ -52,9 +62,10 @@ public:
     void setFilePath(const QString &path) { m_filePath = path; }
     QString header() const { return m_header; }
     void setHeader(const QString &header) { m_header = header; }
-    const QList<CColourTableEntry *> &entries() const { return m_entries; }
-    int count() const { return m_entries.size(); }
-    CColourTableEntry *at(int index) const { return m_entries.at(index); }
+    // The entries in order; the table keeps owning them.
+    QList<CColourTableEntry *> entries() const;
+    int count() const { return int(m_entries.size()); }
+    CColourTableEntry *at(int index) const { return m_entries.at(size_t(index)).get(); }
 
 protected:
     // Reads one line already converted and trimmed; false for a bad data line.
@@ -62,5 +73,5 @@ protected:
 
     QString m_filePath;
     QString m_header;
-    QList<CColourTableEntry *> m_entries;
+    std::vector<std::unique_ptr<CColourTableEntry>> m_entries;
 };

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -202,7 +203,7 @@ bool writeWebColoursTableOnce(const QString &libraryFolder, bool sampleCreated)
 {
     if (libraryFolder.isEmpty() || sampleCreated)
         return false;
-    const QString path = libraryFolder + QLatin1Char('/') + webColoursFileName();
+    const QString path = QDir(libraryFolder).filePath(webColoursFileName());
     if (QFileInfo::exists(path))
         return false;
     return writeWebColoursTable(path);
