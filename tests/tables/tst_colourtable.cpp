@@ -101,6 +101,9 @@ private slots:
     void removeAtInRangeRemovesWithoutDeleting();
     void removeAtOutOfRangeChangesNothing_data();
     void removeAtOutOfRangeChangesNothing();
+    void takeAtHandsTheEntryBackOwned();
+    void takeAtOutOfRangeGivesNothingAndChangesNothing_data();
+    void takeAtOutOfRangeGivesNothingAndChangesNothing();
     void sortOrdersByNameIgnoringCase();
     void containsNameIsExactAndCaseSensitive();
 };
@@ -686,6 +689,33 @@ void TestColourTable::removeAtOutOfRangeChangesNothing()
     CColourTable table;
     fill(table, 3);
     QVERIFY(!table.removeAt(index));
+    QCOMPARE(table.count(), 3);
+    QCOMPARE(table.at(2)->name, QString("Colour 2"));
+}
+
+void TestColourTable::takeAtHandsTheEntryBackOwned()
+{
+    CColourTable table;
+    fill(table, 3);
+    const CColourTableEntry *middle = table.at(1);
+    const std::unique_ptr<CColourTableEntry> taken = table.takeAt(1);
+    QCOMPARE(taken.get(), middle);
+    QCOMPARE(taken->name, QString("Colour 1"));
+    QCOMPARE(table.count(), 2);
+    QCOMPARE(table.at(1)->name, QString("Colour 2"));
+}
+
+void TestColourTable::takeAtOutOfRangeGivesNothingAndChangesNothing_data()
+{
+    removeAtOutOfRangeChangesNothing_data();
+}
+
+void TestColourTable::takeAtOutOfRangeGivesNothingAndChangesNothing()
+{
+    QFETCH(int, index);
+    CColourTable table;
+    fill(table, 3);
+    QVERIFY(!table.takeAt(index));
     QCOMPARE(table.count(), 3);
     QCOMPARE(table.at(2)->name, QString("Colour 2"));
 }

@@ -26,6 +26,7 @@ private slots:
     void removeAtRemovesFromAllThreeLists();
     void removeAtAfterLoadChecksEachListOnItsOwn();
     void removeAtDoesNotDeleteTheEntry();
+    void takeAtRemovesFromAllThreeListsAndHandsTheEntryBack();
     void addAfterLoadPutsMarkersOnRowZero();
     void sortResetsMarkersToZero();
     void sortOrdersEntriesLikeTheBase();
@@ -131,6 +132,22 @@ void TestDataColourTable::removeAtRemovesFromAllThreeLists()
     QCOMPARE(names(table), (QStringList{"Colour 0", "Colour 2", "Colour 3"}));
     QCOMPARE(table.markerAList(), (QList<int>{0, 5, 0}));
     QCOMPARE(table.markerBList(), (QList<int>{0, 0, 6}));
+}
+
+void TestDataColourTable::takeAtRemovesFromAllThreeListsAndHandsTheEntryBack()
+{
+    CDataColourTable table;
+    addColours(table, 4);
+    table.setMarkerA(2, 5);
+    table.setMarkerB(3, 6);
+    const std::unique_ptr<CColourTableEntry> taken = table.takeAt(1);
+    QVERIFY(taken);
+    QCOMPARE(taken->name, QString("Colour 1"));
+    QCOMPARE(names(table), (QStringList{"Colour 0", "Colour 2", "Colour 3"}));
+    QCOMPARE(table.markerAList(), (QList<int>{0, 5, 0}));
+    QCOMPARE(table.markerBList(), (QList<int>{0, 0, 6}));
+    QVERIFY(!table.takeAt(3));
+    QCOMPARE(table.count(), 3);
 }
 
 void TestDataColourTable::removeAtAfterLoadChecksEachListOnItsOwn()

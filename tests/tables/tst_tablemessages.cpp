@@ -43,6 +43,7 @@ private slots:
     void fillLibraryComboListsTablesWithPaths();
     void fillLibraryComboReplacesOldItems();
     void fillLibraryComboRestoresCursor();
+    void coreLoadShowsNoCursorButTheWidgetLayerWrapsIt();
     void rememberedTableIsSelected();
     void lastOfSeveralEqualPathsWins();
     void unknownRememberedTableSelectsFirst();
@@ -222,6 +223,39 @@ void TestTableMessages::fillLibraryComboReplacesOldItems()
     CTableMessages::fillLibraryCombo(libraryWithTables(dir, {"Only.clrtable"}), &combo);
     QCOMPARE(combo.count(), 1);
     QCOMPARE(combo.itemText(0), QString("Only"));
+}
+
+namespace {
+
+// Notes the override cursor at the moment load() empties the table.
+class CursorWatchingTable : public CColourTable
+{
+public:
+    void clear() override
+    {
+        if (const QCursor *cursor = QGuiApplication::overrideCursor())
+            shapes.append(cursor->shape());
+        else
+            shapes.append(-1);
+        CColourTable::clear();
+    }
+    QList<int> shapes;
+};
+
+} // namespace
+
+void TestTableMessages::coreLoadShowsNoCursorButTheWidgetLayerWrapsIt()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString path = QDir(libraryWithTables(dir, {"One.clrtable"})).filePath("One.clrtable");
+    CursorWatchingTable table;
+    QCOMPARE(table.load(path).status, int(CColourTable::Loaded));
+    QCOMPARE(table.shapes, QList<int>{-1});
+    table.shapes.clear();
+    QCOMPARE(CTableMessages::loadWithWaitCursor(table, path).status, int(CColourTable::Loaded));
+    QCOMPARE(table.shapes, QList<int>{int(Qt::WaitCursor)});
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void TestTableMessages::fillLibraryComboRestoresCursor()
