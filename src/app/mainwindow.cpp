@@ -406,7 +406,7 @@ void CMainWindow::runConfiguration()
 
 bool CMainWindow::execConfigurationDialog()
 {
-    CConfigDlg dialog(m_settings, CUpdateCheck::vendorAddress(), this);
+    CConfigDlg dialog(m_settings.get(), CUpdateCheck::vendorAddress(), this);
     connect(&dialog, &CConfigDlg::displayHelpSignal, this, &CMainWindow::displayHelp);
     return dialog.exec() == QDialog::Accepted;
 }
