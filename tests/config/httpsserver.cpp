@@ -23,6 +23,17 @@ QString HttpsServer::baseAddress() const
     return QStringLiteral("https://localhost:%1").arg(serverPort());
 }
 
+QString HttpsServer::closedAddress()
+{
+    quint16 port = 0;
+    {
+        QTcpServer probe;
+        probe.listen(QHostAddress::LocalHost, 0);
+        port = probe.serverPort();
+    }
+    return QStringLiteral("https://127.0.0.1:%1").arg(port);
+}
+
 void HttpsServer::incomingConnection(qintptr descriptor)
 {
     auto *socket = new QSslSocket(this);

@@ -26,6 +26,8 @@ public:
     void stayingSilent() { m_mode = Mode::Silent; }
 
     QString baseAddress() const;
+    // An https address on this machine where nothing listens.
+    static QString closedAddress();
     int connections() const { return m_connections; }
     // The head (request line and headers) of the last request received.
     QByteArray lastRequest() const { return m_lastRequest; }

@@ -58,6 +58,12 @@ QStringList comboItems(QComboBox *combo)
 // Work done on the configuration dialog before its OK or Cancel.
 using ConfigAction = std::function<void(CConfigDlg *)>;
 
+void chooseDeltaE(CConfigDlg *dialog)
+{
+    dialog->tabWidget()->setCurrentIndex(2);
+    DialogActions::clickRadio(dialog->advancedPage()->deltaEButton());
+}
+
 } // namespace
 
 class TestConfigureCommand : public QObject
@@ -221,10 +227,7 @@ void TestConfigureCommand::newUnitsShowTheLastMatchAgainAtOnce()
              qPrintable(cellText(results, 0, 2)));
     QVERIFY(!cellText(results, 0, 2).contains(QString::fromUtf8("\xCE\x94" "E:")));
 
-    QVERIFY(configure(*window, [](CConfigDlg *dialog) {
-        dialog->tabWidget()->setCurrentIndex(2);
-        DialogActions::clickRadio(dialog->advancedPage()->deltaEButton());
-    }, QStringLiteral("OK")));
+    QVERIFY(configure(*window, chooseDeltaE, QStringLiteral("OK")));
 
     QCOMPARE(results->rowCount(), 1);
     QVERIFY2(cellText(results, 0, 2).contains(QString::fromUtf8("\xCE\x94" "E:")),
@@ -340,10 +343,7 @@ void TestConfigureCommand::matchUnitsChangedInTheDialogAreStoredWhenTheWindowClo
     auto window = windowWithGreyTable();
     QVERIFY(window);
     QVERIFY(showWindow(*window));
-    QVERIFY(configure(*window, [](CConfigDlg *dialog) {
-        dialog->tabWidget()->setCurrentIndex(2);
-        DialogActions::clickRadio(dialog->advancedPage()->deltaEButton());
-    }, QStringLiteral("OK")));
+    QVERIFY(configure(*window, chooseDeltaE, QStringLiteral("OK")));
     QVERIFY(!StoredSettings::contains(QStringLiteral("Colour/rgbDifference")));
     QVERIFY(window->close());
     QCOMPARE(StoredSettings::value(QStringLiteral("Colour/rgbDifference")).toBool(), false);
@@ -355,10 +355,7 @@ void TestConfigureCommand::matchUnitsChangedInTheDialogAreLostWithoutClose()
         auto window = windowWithGreyTable();
         QVERIFY(window);
         QVERIFY(showWindow(*window));
-        QVERIFY(configure(*window, [](CConfigDlg *dialog) {
-            dialog->tabWidget()->setCurrentIndex(2);
-            DialogActions::clickRadio(dialog->advancedPage()->deltaEButton());
-        }, QStringLiteral("OK")));
+        QVERIFY(configure(*window, chooseDeltaE, QStringLiteral("OK")));
         QCOMPARE(window->settings()->rgbDifference, false);
         // The program ends without its window closing, as in a crash.
     }

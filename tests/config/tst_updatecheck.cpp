@@ -239,13 +239,7 @@ void TestUpdateCheck::serverErrorShowsTheErrorText()
 
 void TestUpdateCheck::refusedConnectionShowsTheErrorTextAfterTheProgressDialog()
 {
-    quint16 port = 0;
-    {
-        QTcpServer probe;
-        QVERIFY(probe.listen(QHostAddress::LocalHost, 0));
-        port = probe.serverPort();
-    }
-    const Seen seen = runCheck(QStringLiteral("https://127.0.0.1:%1").arg(port));
+    const Seen seen = runCheck(HttpsServer::closedAddress());
     QVERIFY(seen.progressShown);
     QCOMPARE(seen.progressTitle, QStringLiteral("Vellora v1.0.0"));
     QCOMPARE(seen.progressLabel, QStringLiteral("Checking for a newer version"));
