@@ -3,6 +3,8 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/commandmapping.h"
+#include "config/configdlg.h"
+#include "config/updatecheck.h"
 #include "data/chartdatawindow.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
@@ -404,10 +406,9 @@ void CMainWindow::runConfiguration()
 
 bool CMainWindow::execConfigurationDialog()
 {
-    // The configuration dialog is not in this release yet: it will run here
-    // modally and report whether it was accepted. Until then nothing is
-    // changed, exactly as if it had been cancelled.
-    return false;
+    CConfigDlg dialog(m_settings.get(), CUpdateCheck::vendorAddress(), this);
+    connect(&dialog, &CConfigDlg::displayHelpSignal, this, &CMainWindow::displayHelp);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 void CMainWindow::applyConfigurationChanges(const QString &libraryDirBefore)
