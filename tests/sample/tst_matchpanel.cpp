@@ -5,6 +5,9 @@
 #include "colour/colourformat.h"
 #include "colour/deltae2000.h"
 #include "colour/matchscore.h"
+#include "data/chartdatawindow.h"
+#include "data/datamodel.h"
+#include "data/dlgdatacolouradd.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
 #include "tables/colourtableentry.h"
@@ -464,8 +467,26 @@ void TestMatchPanel::quietRematchWaitsForAFirstMatch()
     QVERIFY(FixtureFile::write(m_library + "/empty.clrtable", QByteArray()));
     window->samplingPage()->fillLibraryCombo();
     window->samplingPage()->libraryCombo()->setCurrentIndex(0);
+    // Any message box would be shown, and answered, before runMatch returns.
+    {
+        ModalAnswerer unexpected(QStringLiteral("OK"));
+        window->samplingPage()->runMatch(true);
+        QVERIFY(!unexpected.wasAnswered());
+    }
+    QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 0);
+    // Asked for by the user, the empty table is reported...
+    {
+        ModalAnswerer reported(QStringLiteral("OK"));
+        window->samplingPage()->runMatch(false);
+        QVERIFY(reported.wasAnswered());
+        QCOMPARE(reported.text(), QStringLiteral("The empty Colour Match Library is empty, so a "
+                                                 "match cannot be attempted."));
+    }
+    // ...but not again by the quiet refresh that follows a settings change.
+    ModalAnswerer unexpected(QStringLiteral("OK"));
+    window->applyConfigurationChanges(window->settings()->libraryDir);
     window->samplingPage()->runMatch(true);
-    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(!unexpected.wasAnswered());
 }
 
 void TestMatchPanel::newImageClearsTheResults()
@@ -489,11 +510,20 @@ void TestMatchPanel::addToDataSetHandsTheSampleToTheMainWindow()
 {
     auto window = windowWithLibrary();
     pickSample(*window);
-    ModalAnswerer answer("Cancel");
+    // The data page's dialog shows the picked grey; refused there, the
+    // sampling page stays.
+    QString swatch;
+    ModalAnswerer answer("Cancel", [&swatch](QWidget *dialog) {
+        if (auto *add = qobject_cast<CDlgDataColourAdd *>(dialog))
+            swatch = add->swatchLabel()->styleSheet();
+    });
     window->samplingPage()->commandButton(CmdAddToDataSet)->click();
-    // Refused (or not yet possible) on the data page: the sampling page stays.
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.title(), QStringLiteral("Vellora - Add Colour Data"));
+    QCOMPARE(swatch, QStringLiteral("background-color:#808080;"));
     QCOMPARE(window->tabWidget()->currentIndex(), 0);
     QVERIFY(window->samplingPage()->isSamplePresent());
+    QCOMPARE(window->dataPage()->model()->rowCount(), 0);
 }
 
 void TestMatchPanel::maintainingAnUnchangedLibraryKeepsTheResults()
