@@ -2,6 +2,8 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
+#include "../sample/samplefixture.h"
+#include "support/imagewriter.h"
 #include "support/storedsettings.h"
 #include "support/temphome.h"
 
@@ -11,6 +13,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
+
+using namespace SampleFixture;
 
 namespace {
 
@@ -41,6 +45,8 @@ private slots:
 
     void sameImageTwiceLeavesOneEntryAtFront();
     void seventhImageDropsTheOldest();
+    void addRecentFileMovesARepeatToTheFront();
+    void addRecentFileKeepsTheSixNewest();
     void addingARecentFileSavesAtOnce();
     void removingARecentFileSavesAtOnce();
     void clearingRecentFilesSavesAtOnce();
@@ -58,8 +64,11 @@ private slots:
     void matchUnitsChangeIsLostWithoutClose();
 
 private:
+    QString writeImage(const QString &name);
+
     TempHome *m_home = nullptr;
     QString m_documents;
+    QTemporaryDir *m_images = nullptr;
 };
 
 void TestAppSettings::initTestCase()
@@ -68,6 +77,8 @@ void TestAppSettings::initTestCase()
     QVERIFY(m_home->isValid());
     m_documents = m_home->documents();
     QVERIFY(!m_documents.isEmpty());
+    m_images = new QTemporaryDir;
+    QVERIFY(m_images->isValid());
     AppContext::initResources();
 }
 
@@ -78,7 +89,17 @@ void TestAppSettings::init()
 
 void TestAppSettings::cleanupTestCase()
 {
+    delete m_images;
     delete m_home;
+}
+
+// A real picture file, each one with its own colours.
+QString TestAppSettings::writeImage(const QString &name)
+{
+    const QString path = QDir(m_images->path()).filePath(name);
+    QImage image(6, 4, QImage::Format_RGB32);
+    image.fill(qRgb(int(qHash(name) % 256), 40, 200));
+    return ImageWriter::write(image, path) ? path : QString();
 }
 
 void TestAppSettings::absentKeysTakeTheirDefaults()
@@ -237,6 +258,42 @@ void TestAppSettings::nothingIsWrittenBeforeSave()
 
 void TestAppSettings::sameImageTwiceLeavesOneEntryAtFront()
 {
+    const QString first = writeImage(QStringLiteral("twice.png"));
+    const QString other = writeImage(QStringLiteral("between.png"));
+    QVERIFY(!first.isEmpty() && !other.isEmpty());
+    CMainWindow window(AppContext::versionTitle());
+    QVERIFY(showWindow(window));
+    for (const QString &path : {first, other, first}) {
+        QVERIFY(openThroughDialog(window, path));
+        QCOMPARE(window.settings()->recentFiles.first(), path);
+    }
+    QCOMPARE(window.settings()->recentFiles, (QStringList{first, other}));
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(),
+             (QStringList{first, other}));
+}
+
+void TestAppSettings::seventhImageDropsTheOldest()
+{
+    QStringList opened;
+    for (int i = 1; i <= 7; ++i) {
+        opened.prepend(writeImage(QStringLiteral("picture%1.png").arg(i)));
+        QVERIFY(!opened.first().isEmpty());
+    }
+    CMainWindow window(AppContext::versionTitle());
+    QVERIFY(showWindow(window));
+    for (int i = 6; i >= 0; --i) {
+        QVERIFY(openThroughDialog(window, opened.at(i)));
+        QCOMPARE(window.settings()->recentFiles.first(), opened.at(i));
+        QVERIFY(window.settings()->recentFiles.size() <= 6);
+    }
+    const QStringList newestSix = opened.mid(0, 6);
+    QCOMPARE(window.settings()->recentFiles, newestSix);
+    QVERIFY(!window.settings()->recentFiles.contains(opened.last()));
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(), newestSix);
+}
+
+void TestAppSettings::addRecentFileMovesARepeatToTheFront()
+{
     CAppSettings settings;
     settings.addRecentFile(nullptr, "/img/a.png");
     settings.addRecentFile(nullptr, "/img/b.png");
@@ -244,7 +301,7 @@ void TestAppSettings::sameImageTwiceLeavesOneEntryAtFront()
     QCOMPARE(settings.recentFiles, (QStringList{"/img/a.png", "/img/b.png"}));
 }
 
-void TestAppSettings::seventhImageDropsTheOldest()
+void TestAppSettings::addRecentFileKeepsTheSixNewest()
 {
     CAppSettings settings;
     for (int i = 1; i <= 7; ++i) {
