@@ -2,10 +2,10 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
-#include "../sample/samplefixture.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
+#include "support/samplefixture.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -32,7 +32,6 @@ class TestAppSettings : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void absentKeysTakeTheirDefaults();
     void storedKeysAreRead();
@@ -66,37 +65,26 @@ private slots:
 private:
     QString writeImage(const QString &name);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture m_fixture;
     QString m_documents;
-    QTemporaryDir *m_images = nullptr;
 };
 
 void TestAppSettings::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_documents = m_home->documents();
+    QVERIFY(m_fixture.isValid());
+    m_documents = m_fixture.documents();
     QVERIFY(!m_documents.isEmpty());
-    m_images = new QTemporaryDir;
-    QVERIFY(m_images->isValid());
-    AppContext::initResources();
 }
 
 void TestAppSettings::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestAppSettings::cleanupTestCase()
-{
-    delete m_images;
-    delete m_home;
+    m_fixture.reset();
 }
 
 // A real picture file, each one with its own colours.
 QString TestAppSettings::writeImage(const QString &name)
 {
-    const QString path = QDir(m_images->path()).filePath(name);
+    const QString path = m_fixture.filePath(name);
     QImage image(6, 4, QImage::Format_RGB32);
     image.fill(qRgb(int(qHash(name) % 256), 40, 200));
     return ImageWriter::write(image, path) ? path : QString();

@@ -6,10 +6,10 @@
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
 
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAction>
 #include <QApplication>
@@ -74,7 +74,6 @@ class TestMainWindow : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void windowTitleIsTheVersionTitle();
     void statusBarSaysReady();
@@ -112,33 +111,22 @@ private slots:
 private:
     QString writeImage(const QString &name);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_images = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestMainWindow::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_images = new QTemporaryDir;
-    QVERIFY(m_images->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestMainWindow::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestMainWindow::cleanupTestCase()
-{
-    delete m_images;
-    delete m_home;
+    m_fixture.reset();
 }
 
 QString TestMainWindow::writeImage(const QString &name)
 {
-    const QString path = m_images->path() + "/" + name;
+    const QString path = m_fixture.filePath(name);
     if (!QFileInfo::exists(path) && !ImageWriter::write(ImageWriter::gradient(8, 6), path))
         return QString();
     return path;

@@ -13,12 +13,12 @@
 #include "tables/colourtableentry.h"
 #include "tables/libcolourtable.h"
 
-#include "samplefixture.h"
 #include "support/fixturefile.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
+#include "support/samplefixture.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -91,7 +91,6 @@ class TestMatchPanel : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void closeMatchesBeyondTheCountAreShownBelowTwoAndAHalf();
     void shortTableShowsAllItsEntries();
@@ -122,33 +121,22 @@ private:
     void pickSample(CMainWindow &window);
     void match(CMainWindow &window);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
     QString m_library;
     int m_libraryCount = 0;
 };
 
 void TestMatchPanel::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestMatchPanel::init()
 {
-    TempHome::clearSettings();
+    m_fixture.reset();
     // Every test starts with a library folder of its own.
-    m_library = m_files->path() + QStringLiteral("/library%1").arg(++m_libraryCount);
+    m_library = m_fixture.filePath(QStringLiteral("library%1").arg(++m_libraryCount));
     QVERIFY(QDir().mkpath(m_library));
-}
-
-void TestMatchPanel::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
 }
 
 QString TestMatchPanel::writeTable(const QString &fileName, const QVector<NamedColour> &colours)
@@ -175,7 +163,7 @@ void TestMatchPanel::pickSample(CMainWindow &window)
 {
     QImage image(10, 10, QImage::Format_RGB32);
     image.fill(qRgb(128, 128, 128));
-    const QString path = m_files->path() + "/grey.png";
+    const QString path = m_fixture.filePath("grey.png");
     QVERIFY(ImageWriter::write(image, path));
     QVERIFY(showWindow(window));
     QVERIFY(openThroughDialog(window, path));
@@ -384,7 +372,7 @@ void TestMatchPanel::addToLibraryRightAfterOpeningAnImageAsksForAMatchFirst()
 {
     const QString path = writeTable("lib.clrtable", {{"White", {1, 1, 1}}});
     auto window = windowWithLibrary(path);
-    const QString image = m_files->path() + "/fresh.png";
+    const QString image = m_fixture.filePath("fresh.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(5, 5), image));
     QVERIFY(showWindow(*window));
     QVERIFY(openThroughDialog(*window, image));
@@ -496,7 +484,7 @@ void TestMatchPanel::newImageClearsTheResults()
     pickSample(*window);
     match(*window);
     QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 1);
-    const QString image = m_files->path() + "/next.png";
+    const QString image = m_fixture.filePath("next.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(4, 4), image));
     QVERIFY(openThroughDialog(*window, image));
     QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 0);
