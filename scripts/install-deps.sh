@@ -9,6 +9,7 @@ packages=(
   qt5-image-formats-plugins libqt5svg5-dev
   libbenchmark-dev
   openssl
+  locales
 )
 
 missing=()
@@ -22,4 +23,12 @@ if [ ${#missing[@]} -gt 0 ]; then
   export DEBIAN_FRONTEND=noninteractive
   $sudo apt-get update -qq
   $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+# The command-line tests run the tool under a German locale (decimal comma)
+# to show that its numbers do not change with it.
+if ! locale -a 2>/dev/null | grep -qix 'de_DE\.utf-\?8'; then
+  sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8
 fi

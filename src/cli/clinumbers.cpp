@@ -55,12 +55,15 @@ CCliStatus CCliNumbers::toFinite(const QString &word, double *value)
 
 CCliStatus CCliNumbers::toFinites(const QStringList &words, QVector<double> *values)
 {
-    values->resize(words.size());
+    // Read into a list of our own: a caller's list is only replaced once
+    // every word is a number, never left half-filled.
+    QVector<double> parsed(words.size());
     for (int i = 0; i < words.size(); ++i) {
-        const CCliStatus status = toFinite(words.at(i), &(*values)[i]);
+        const CCliStatus status = toFinite(words.at(i), &parsed[i]);
         if (status.failed())
             return status;
     }
+    *values = parsed;
     return CCliStatus::ok();
 }
 
@@ -82,10 +85,10 @@ CCliStatus CCliNumbers::toIntegerList(const QString &text, int count, int minimu
                                       const QString &what, QVector<int> *values)
 {
     const QStringList words = text.split(QLatin1Char(','));
-    values->resize(count);
+    QVector<int> parsed(count);
     bool ok = words.size() == count;
     for (int i = 0; ok && i < count; ++i)
-        ok = integerInRange(words.at(i), minimum, maximum, &(*values)[i]);
+        ok = integerInRange(words.at(i), minimum, maximum, &parsed[i]);
     if (!ok) {
         return CCliStatus::badInput(
             QStringLiteral("%1 needs %2 whole numbers from %3 to %4 separated by commas, not %5")
@@ -95,6 +98,7 @@ CCliStatus CCliNumbers::toIntegerList(const QString &text, int count, int minimu
                 .arg(maximum)
                 .arg(quoted(text)));
     }
+    *values = parsed;
     return CCliStatus::ok();
 }
 

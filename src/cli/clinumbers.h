@@ -8,7 +8,8 @@
 
 // Numbers typed by the user, read with "." as the decimal point whatever the
 // locale. Anything that is not a finite number (text, "nan", "inf", a decimal
-// comma) is refused with a line saying which word was wrong.
+// comma) is refused with a line saying which word was wrong. A refused
+// input leaves the caller's value or list exactly as it was.
 class CCliNumbers
 {
 public:

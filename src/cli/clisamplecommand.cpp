@@ -31,7 +31,8 @@ CCliStatus pickSize(const CCliArguments &args, int *size)
                     {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"),
                      QStringLiteral("7"), QStringLiteral("9")},
                     QStringLiteral("1"), &text);
-    *size = text.toInt();
+    if (!status.failed())
+        *size = text.toInt();
     return status;
 }
 
@@ -110,15 +111,16 @@ CCliStatus CCliSampleCommand::readImage(const QString &path, QImage *image)
 
 CCliStatus CCliSampleCommand::readRequest(const CCliArguments &args, Request *request)
 {
-    request->imagePath = args.positionals().first();
+    request->imagePath = args.positionals().value(0);
     request->tablePath = args.value(QStringLiteral("table"));
     QString average;
     CCliStatus status =
         args.choice(QStringLiteral("average"), {QStringLiteral("rgb"), QStringLiteral("lab")},
                     QStringLiteral("rgb"), &average);
-    request->useRgb = average == QLatin1String("rgb");
-    if (!status.failed())
+    if (!status.failed()) {
+        request->useRgb = average == QLatin1String("rgb");
         status = readPick(args, request);
+    }
     if (!status.failed())
         status =
             CCliTableCommands::rowCountOption(args.value(QStringLiteral("count")), &request->count);
@@ -127,19 +129,23 @@ CCliStatus CCliSampleCommand::readRequest(const CCliArguments &args, Request *re
 
 CCliStatus CCliSampleCommand::readPick(const CCliArguments &args, Request *request)
 {
+    // The coordinates are only read once their option parsed: a refused
+    // option leaves the list empty and the request as it was.
     QVector<int> v;
     request->useBand = args.has(QStringLiteral("band"));
     if (request->useBand) {
         const CCliStatus status = coordinates(args.value(QStringLiteral("band")), 4,
                                               QStringLiteral("--band X0,Y0,X1,Y1"), &v);
-        request->band = QRect(QPoint(v[0], v[1]), QPoint(v[2], v[3])).normalized();
+        if (!status.failed())
+            request->band = QRect(QPoint(v.at(0), v.at(1)), QPoint(v.at(2), v.at(3))).normalized();
         return status;
     }
     CCliStatus status = pickSize(args, &request->pickSize);
     if (!status.failed())
         status =
             coordinates(args.value(QStringLiteral("point")), 2, QStringLiteral("--point X,Y"), &v);
-    request->point = QPoint(v[0], v[1]);
+    if (!status.failed())
+        request->point = QPoint(v.at(0), v.at(1));
     return status;
 }
 

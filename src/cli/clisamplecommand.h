@@ -16,7 +16,6 @@ class CCliSampleCommand
 public:
     static CCliStatus run(const QStringList &words);
 
-private:
     // Everything the options say, checked before any file is read.
     struct Request
     {
@@ -31,8 +30,12 @@ private:
     };
 
     static CCliStatus parse(const QStringList &words, CCliArguments *args);
+    // Fills the request from parsed options; whatever an option refused to
+    // parse is left as it was, so a failed request is never half made up.
     static CCliStatus readRequest(const CCliArguments &args, Request *request);
     static CCliStatus readPick(const CCliArguments &args, Request *request);
+
+private:
     static CCliStatus readImage(const QString &path, QImage *image);
     static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour);
 };

@@ -2,8 +2,10 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
+#include "support/guitestfixture.h"
+#include "support/imagewriter.h"
+#include "support/samplefixture.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -11,6 +13,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtTest>
+
+using namespace SampleFixture;
 
 namespace {
 
@@ -28,7 +32,6 @@ class TestAppSettings : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void absentKeysTakeTheirDefaults();
     void storedKeysAreRead();
@@ -41,6 +44,8 @@ private slots:
 
     void sameImageTwiceLeavesOneEntryAtFront();
     void seventhImageDropsTheOldest();
+    void addRecentFileMovesARepeatToTheFront();
+    void addRecentFileKeepsTheSixNewest();
     void addingARecentFileSavesAtOnce();
     void removingARecentFileSavesAtOnce();
     void clearingRecentFilesSavesAtOnce();
@@ -58,27 +63,31 @@ private slots:
     void matchUnitsChangeIsLostWithoutClose();
 
 private:
-    TempHome *m_home = nullptr;
+    QString writeImage(const QString &name);
+
+    GuiTestFixture m_fixture;
     QString m_documents;
 };
 
 void TestAppSettings::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_documents = m_home->documents();
+    QVERIFY(m_fixture.isValid());
+    m_documents = m_fixture.documents();
     QVERIFY(!m_documents.isEmpty());
-    AppContext::initResources();
 }
 
 void TestAppSettings::init()
 {
-    TempHome::clearSettings();
+    m_fixture.reset();
 }
 
-void TestAppSettings::cleanupTestCase()
+// A real picture file, each one with its own colours.
+QString TestAppSettings::writeImage(const QString &name)
 {
-    delete m_home;
+    const QString path = m_fixture.filePath(name);
+    QImage image(6, 4, QImage::Format_RGB32);
+    image.fill(qRgb(int(qHash(name) % 256), 40, 200));
+    return ImageWriter::write(image, path) ? path : QString();
 }
 
 void TestAppSettings::absentKeysTakeTheirDefaults()
@@ -237,6 +246,42 @@ void TestAppSettings::nothingIsWrittenBeforeSave()
 
 void TestAppSettings::sameImageTwiceLeavesOneEntryAtFront()
 {
+    const QString first = writeImage(QStringLiteral("twice.png"));
+    const QString other = writeImage(QStringLiteral("between.png"));
+    QVERIFY(!first.isEmpty() && !other.isEmpty());
+    CMainWindow window(AppContext::versionTitle());
+    QVERIFY(showWindow(window));
+    for (const QString &path : {first, other, first}) {
+        QVERIFY(openThroughDialog(window, path));
+        QCOMPARE(window.settings()->recentFiles.first(), path);
+    }
+    QCOMPARE(window.settings()->recentFiles, (QStringList{first, other}));
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(),
+             (QStringList{first, other}));
+}
+
+void TestAppSettings::seventhImageDropsTheOldest()
+{
+    QStringList opened;
+    for (int i = 1; i <= 7; ++i) {
+        opened.prepend(writeImage(QStringLiteral("picture%1.png").arg(i)));
+        QVERIFY(!opened.first().isEmpty());
+    }
+    CMainWindow window(AppContext::versionTitle());
+    QVERIFY(showWindow(window));
+    for (int i = 6; i >= 0; --i) {
+        QVERIFY(openThroughDialog(window, opened.at(i)));
+        QCOMPARE(window.settings()->recentFiles.first(), opened.at(i));
+        QVERIFY(window.settings()->recentFiles.size() <= 6);
+    }
+    const QStringList newestSix = opened.mid(0, 6);
+    QCOMPARE(window.settings()->recentFiles, newestSix);
+    QVERIFY(!window.settings()->recentFiles.contains(opened.last()));
+    QCOMPARE(StoredSettings::value("Directory/recentFilesList").toStringList(), newestSix);
+}
+
+void TestAppSettings::addRecentFileMovesARepeatToTheFront()
+{
     CAppSettings settings;
     settings.addRecentFile(nullptr, "/img/a.png");
     settings.addRecentFile(nullptr, "/img/b.png");
@@ -244,7 +289,7 @@ void TestAppSettings::sameImageTwiceLeavesOneEntryAtFront()
     QCOMPARE(settings.recentFiles, (QStringList{"/img/a.png", "/img/b.png"}));
 }
 
-void TestAppSettings::seventhImageDropsTheOldest()
+void TestAppSettings::addRecentFileKeepsTheSixNewest()
 {
     CAppSettings settings;
     for (int i = 1; i <= 7; ++i) {

@@ -1,4 +1,3 @@
-#include "app/appcontext.h"
 #include "app/mainwindow.h"
 #include "data/chartdatawindow.h"
 #include "data/datamodel.h"
@@ -6,9 +5,9 @@
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
 
-#include "../sample/samplefixture.h"
+#include "support/guitestfixture.h"
 #include "support/modalsequence.h"
-#include "support/temphome.h"
+#include "support/samplefixture.h"
 
 #include <QFile>
 #include <QLineEdit>
@@ -30,7 +29,6 @@ class TestEndToEnd : public QObject
 
 private slots:
     void initTestCase();
-    void cleanupTestCase();
 
     void pickedColoursAreSavedAsCsvAndReadBack();
 
@@ -39,19 +37,12 @@ private:
     void pickAndAdd(CMainWindow &window, const QPoint &point, const QString &name,
                     CDlgDataColourAdd::Choice choice);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestEndToEnd::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    AppContext::initResources();
-}
-
-void TestEndToEnd::cleanupTestCase()
-{
-    delete m_home;
+    QVERIFY(m_fixture.isValid());
 }
 
 // Left half orange, right half navy.

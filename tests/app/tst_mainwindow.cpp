@@ -2,16 +2,18 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 #include "data/chartdatawindow.h"
+#include "data/datamodel.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
 
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QShortcut>
 #include <QStatusBar>
@@ -72,7 +74,6 @@ class TestMainWindow : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void windowTitleIsTheVersionTitle();
     void statusBarSaysReady();
@@ -110,33 +111,22 @@ private slots:
 private:
     QString writeImage(const QString &name);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_images = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestMainWindow::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_images = new QTemporaryDir;
-    QVERIFY(m_images->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestMainWindow::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestMainWindow::cleanupTestCase()
-{
-    delete m_images;
-    delete m_home;
+    m_fixture.reset();
 }
 
 QString TestMainWindow::writeImage(const QString &name)
 {
-    const QString path = m_images->path() + "/" + name;
+    const QString path = m_fixture.filePath(name);
     if (!QFileInfo::exists(path) && !ImageWriter::write(ImageWriter::gradient(8, 6), path))
         return QString();
     return path;
@@ -353,19 +343,33 @@ void TestMainWindow::recentImagesCommandPopsUpTheMenuAtItsButton()
     window.refreshRecentFiles();
     QWidget *button = window.mainToolBar()->widgetForAction(window.commandAction(CmdRecentImages));
 
+    // The menu runs its own event loop: a poller closes it whenever it
+    // shows, so a late menu makes the test fail instead of hang, and one
+    // later than the bound is reported as late.
+    const int kBoundMs = 2000;
     QWidget *popup = nullptr;
     QPoint popupPos;
     QStringList entries;
-    QTimer::singleShot(50, [&]() {
-        popup = QApplication::activePopupWidget();
-        if (!popup)
+    bool late = false;
+    QElapsedTimer clock;
+    QTimer poller;
+    poller.setInterval(10);
+    connect(&poller, &QTimer::timeout, [&]() {
+        QWidget *shown = QApplication::activePopupWidget();
+        if (!shown)
             return;
+        late = clock.elapsed() > kBoundMs;
+        popup = shown;
         popupPos = popup->pos();
         for (QAction *action : visibleRecentEntries(window.recentMenu()))
             entries << action->text();
         popup->close();
     });
+    clock.start();
+    poller.start();
     window.commandAction(CmdRecentImages)->trigger();
+    poller.stop();
+    QVERIFY2(!late, "the recent images menu showed later than the bound");
     QCOMPARE(popup, static_cast<QWidget *>(window.recentMenu()));
     QCOMPARE(entries, QStringList{"&1 popup.png"});
     QCOMPARE(popupPos, button->mapToGlobal(QPoint(0, 0)));
@@ -506,10 +510,14 @@ void TestMainWindow::refusedColourKeepsTheCurrentPage()
 {
     CMainWindow window(AppContext::versionTitle());
     QCOMPARE(window.tabWidget()->currentIndex(), 0);
-    // Cancelled in the data page's dialog (or no dialog at all).
+    // Cancelled in the data page's dialog.
     ModalAnswerer answer(QStringLiteral("Cancel"));
     QVERIFY(!window.addColourToDataSet(0.5, 0.25, 0.125));
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.title(), QStringLiteral("Vellora - Add Colour Data"));
+    QCOMPARE(answer.dialogClass(), QStringLiteral("CDlgDataColourAdd"));
     QCOMPARE(window.tabWidget()->currentIndex(), 0);
+    QCOMPARE(window.dataPage()->model()->rowCount(), 0);
 }
 
 void TestMainWindow::exitClosesAndSavesTheSettings()

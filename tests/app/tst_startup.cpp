@@ -2,8 +2,8 @@
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 
+#include "support/guitestfixture.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -69,7 +69,6 @@ class TestStartup : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void firstStartCreatesFoldersAndWritesSampleTable();
     void sampleCreatedIsStoredAtTheNextSave();
@@ -84,30 +83,23 @@ private:
     QString dataFolder() const { return m_documents + "/Vellora"; }
     QString libraryFolder() const { return m_documents + "/Vellora/ColourLibrary"; }
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture m_fixture;
     QString m_documents;
 };
 
 void TestStartup::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_documents = m_home->documents();
+    QVERIFY(m_fixture.isValid());
+    m_documents = m_fixture.documents();
     QVERIFY(!m_documents.isEmpty());
-    AppContext::initResources();
 }
 
 void TestStartup::init()
 {
-    TempHome::clearSettings();
+    m_fixture.reset();
     QDir documents(m_documents);
     QVERIFY(documents.removeRecursively());
     QVERIFY(QDir().mkpath(m_documents));
-}
-
-void TestStartup::cleanupTestCase()
-{
-    delete m_home;
 }
 
 void TestStartup::firstStartCreatesFoldersAndWritesSampleTable()

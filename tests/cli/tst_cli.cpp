@@ -24,6 +24,11 @@
 
 using Run = CliRunner::Result;
 
+// Without a comma locale the locale tests would compare the C locale with
+// itself and prove nothing, so they fail instead.
+const char *const kNoCommaLocale =
+    "No de_DE.UTF-8 locale with a decimal comma: scripts/install-deps.sh builds it";
+
 // The batch tool, run as a separate process: its output for known input is
 // compared with what the colour engine computes for the same input, and its
 // exit status and error line with what a script relies on.
@@ -35,12 +40,14 @@ private:
     QTemporaryDir m_dir;
     QTemporaryDir m_locales;
     bool m_commaLocaleActive = false;
+    bool m_privateLocale = false; // built here, found through LOCPATH
 
     QString path(const QString &name) const { return m_dir.filePath(name); }
     QString writeTable(const QString &name, const QByteArray &content) const;
     QString writeImage(const QString &name, const QImage &image) const;
     QProcessEnvironment commaLocaleEnvironment(const QString &variable) const;
     bool prepareCommaLocale();
+    static bool hasCommaLocale();
 
     static Run cli(const QStringList &arguments, const QByteArray &input = QByteArray());
     static void verifyError(const Run &run, int exitCode, const QString &message);
@@ -234,10 +241,13 @@ QStringList TestCli::expectedTsv(const QString &tablePath, const RgbColour &samp
     return lines;
 }
 
-// A German locale built into a private folder (LOCPATH), so that the C
-// library really switches to a decimal comma in the child process.
+// A German locale, so that the C library really switches to a decimal comma
+// in the child process: the system's own (scripts/install-deps.sh builds
+// de_DE.UTF-8), or else one built into a private folder (LOCPATH).
 bool TestCli::prepareCommaLocale()
 {
+    if (hasCommaLocale())
+        return true;
     if (!m_locales.isValid())
         return false;
     QProcess localedef;
@@ -247,10 +257,16 @@ bool TestCli::prepareCommaLocale()
     if (!localedef.waitForFinished(60000))
         return false;
     qputenv("LOCPATH", QFile::encodeName(m_locales.path()));
+    m_privateLocale = hasCommaLocale();
+    qunsetenv("LOCPATH");
+    return m_privateLocale;
+}
+
+bool TestCli::hasCommaLocale()
+{
     const bool active = std::setlocale(LC_NUMERIC, "de_DE.UTF-8") != nullptr
                         && QByteArray(std::localeconv()->decimal_point) == ",";
     std::setlocale(LC_NUMERIC, "C");
-    qunsetenv("LOCPATH");
     return active;
 }
 
@@ -261,7 +277,7 @@ QProcessEnvironment TestCli::commaLocaleEnvironment(const QString &variable) con
     environment.remove(QStringLiteral("LC_NUMERIC"));
     environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
     environment.insert(variable, QStringLiteral("de_DE.UTF-8"));
-    if (m_commaLocaleActive)
+    if (m_privateLocale)
         environment.insert(QStringLiteral("LOCPATH"), m_locales.path());
     return environment;
 }
@@ -271,8 +287,6 @@ void TestCli::initTestCase()
     QVERIFY(m_dir.isValid());
     QVERIFY(QFileInfo(QStringLiteral(VELLORA_CLI_PATH)).isExecutable());
     m_commaLocaleActive = prepareCommaLocale();
-    if (!m_commaLocaleActive)
-        qWarning("No German locale could be built: the locale tests only change Qt's locale");
 }
 
 // ---------------------------------------------------------------- general
@@ -763,7 +777,7 @@ void TestCli::outputIgnoresCommaLocale_data()
     QTest::addColumn<QStringList>("args");
     QTest::addColumn<QByteArray>("input");
 
-    for (const QString variable : {QStringLiteral("LC_ALL"), QStringLiteral("LC_NUMERIC")}) {
+    for (const QString &variable : {QStringLiteral("LC_ALL"), QStringLiteral("LC_NUMERIC")}) {
         const QByteArray v = variable.toLatin1();
         QTest::addRow("%s lab", v.constData())
             << variable << QStringList{"lab", "0.5", "0.25", "0.125"} << QByteArray();
@@ -786,6 +800,7 @@ void TestCli::outputIgnoresCommaLocale()
     QFETCH(QString, variable);
     QFETCH(QStringList, args);
     QFETCH(QByteArray, input);
+    QVERIFY2(m_commaLocaleActive, kNoCommaLocale);
     const Run inC = cli(args, input);
     const Run inGerman = CliRunner::run(args, input, commaLocaleEnvironment(variable));
     QCOMPARE(inC.exitCode, 0);
@@ -796,6 +811,7 @@ void TestCli::outputIgnoresCommaLocale()
 
 void TestCli::decimalCommaIsRefusedEvenInCommaLocale()
 {
+    QVERIFY2(m_commaLocaleActive, kNoCommaLocale);
     const Run run = CliRunner::run({"score", "2,5"}, {}, commaLocaleEnvironment("LC_ALL"));
     verifyError(run, 2, QStringLiteral("\"2,5\" is not a number"));
 }
@@ -1032,7 +1048,7 @@ void TestCli::sampleBandStopsOnePixelShort()
     const QImage image = ImageWriter::gradient(10, 10);
     const QString file = writeImage("band.png", image);
     const RgbColour expected = averageColours(PixelList::read(image, QRect(0, 0, 9, 9)), true);
-    for (const QString band :
+    for (const QString &band :
          {QStringLiteral("0,0,9,9"), QStringLiteral("9,9,0,0"), QStringLiteral("-4,-4,50,50")}) {
         const Run run = cli({"sample", file, "--band", band});
         QCOMPARE(run.exitCode, 0);
@@ -1097,7 +1113,7 @@ void TestCli::sampleIndexedGif()
     const QImage read(file);
     QCOMPARE(read.size(), QSize(12, 6)); // Qt's GIF reader hands the palette colours over as RGB
     QCOMPARE(read.pixel(0, 0), qRgb(255, 0, 0));
-    for (const QString average : {QStringLiteral("rgb"), QStringLiteral("lab")}) {
+    for (const QString &average : {QStringLiteral("rgb"), QStringLiteral("lab")}) {
         const Run run = cli({"sample", file, "--band", "0,0,12,6", "--average", average});
         QCOMPARE(run.exitCode, 0);
         const RgbColour expected = averageColours(PixelList::read(read, QRect(0, 0, 11, 5)),

@@ -12,7 +12,7 @@
 #include "tables/colourtableentry.h"
 #include "tables/libcolourtable.h"
 
-#include "../sample/samplefixture.h"
+#include "support/samplefixture.h"
 #include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalsequence.h"

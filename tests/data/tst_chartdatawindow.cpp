@@ -7,11 +7,11 @@
 #include "data/datamodel.h"
 #include "data/dlgdatacolouradd.h"
 
-#include "support/modalsequence.h"
 #include "support/fixturefile.h"
+#include "support/guitestfixture.h"
 #include "support/modalanswerer.h"
+#include "support/modalsequence.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAction>
 #include <QApplication>
@@ -65,7 +65,6 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void toolBarIsVerticalFixedAndOnTheLeft();
     void toolBarHoldsCaptionThenNewOpenSaveSaveAs();
@@ -122,21 +121,19 @@ private:
     bool saveIconShowsModified() const;
     QString versionTitle() const { return AppContext::versionTitle(); }
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture m_fixture;
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<CMainWindow> m_window;
 };
 
 void TestChartDataWindow::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestChartDataWindow::init()
 {
-    TempHome::clearSettings();
+    m_fixture.reset();
     m_dir = std::make_unique<QTemporaryDir>();
     QVERIFY(m_dir->isValid());
     makeWindow();
@@ -146,11 +143,6 @@ void TestChartDataWindow::cleanup()
 {
     m_window.reset();
     m_dir.reset();
-}
-
-void TestChartDataWindow::cleanupTestCase()
-{
-    delete m_home;
 }
 
 void TestChartDataWindow::makeWindow()
@@ -379,8 +371,11 @@ void TestChartDataWindow::saveOfATitledSetWritesWithoutAsking()
     page()->model()->deleteRecord(page()->model()->index(0, CDataModel::ColDelete));
     ModalAnswerer unexpected(QStringLiteral("Cancel"), ModalAnswerer::Action(), 300);
     click(CmdSaveData);
-    QTest::qWait(400); // long enough for the answerer to see any dialog
+    // A dialog runs modally inside the command, so it would have been
+    // answered by now; events the command posted get their turn too.
+    QCoreApplication::processEvents();
     QVERIFY(!unexpected.wasAnswered());
+    QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(fileBytes(path), QByteArray("# mine\n1.0000, 0.5000, 0.0000, Orange\n"
                                          "0.5000, 0.5000, 0.5000, Grey\n"));
     QVERIFY(!page()->isModified());

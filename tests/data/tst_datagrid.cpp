@@ -1,4 +1,3 @@
-#include "app/appcontext.h"
 #include "data/chart3dplot.h"
 #include "data/chartdatatabcontainer.h"
 #include "data/charternary.h"
@@ -7,8 +6,9 @@
 #include "data/datamodel.h"
 #include "tables/datacolourtable.h"
 
-#include "support/modalsequence.h"
 #include "support/fixturefile.h"
+#include "support/guitestfixture.h"
+#include "support/modalsequence.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -17,7 +17,6 @@
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -62,19 +61,19 @@ private:
     void pressOn(int row, int column);
     QString writeFiveColours();
 
-    QTemporaryDir m_dir;
+    GuiTestFixture m_fixture;
     std::unique_ptr<CDataColourTable> m_table;
     std::unique_ptr<CDataGrid> m_grid;
 };
 
 void TestDataGrid::initTestCase()
 {
-    QVERIFY(m_dir.isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestDataGrid::init()
 {
+    m_fixture.reset();
     m_table = std::make_unique<CDataColourTable>();
     m_grid = std::make_unique<CDataGrid>(nullptr, m_table.get());
 }
@@ -101,7 +100,7 @@ void TestDataGrid::fillTable(int count)
 
 QString TestDataGrid::writeFiveColours()
 {
-    const QString path = m_dir.filePath(QStringLiteral("five.txt"));
+    const QString path = m_fixture.filePath(QStringLiteral("five.txt"));
     FixtureFile::write(path, "0.1, 0.2, 0.3, One\n0.2, 0.3, 0.4, Two\n0.3, 0.4, 0.5, Three\n"
                              "0.4, 0.5, 0.6, Four\n0.5, 0.6, 0.7, Five\n");
     return path;

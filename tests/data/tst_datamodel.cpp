@@ -1,13 +1,11 @@
-#include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "data/datamodel.h"
 #include "tables/datacolourtable.h"
 
 #include "support/fixturefile.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -50,33 +48,30 @@ private:
     QString writeFiveColours();
     static void addColours(CDataColourTable &table, int count);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture m_fixture;
     CAppSettings *m_settings = nullptr;
-    QTemporaryDir m_dir;
 };
 
 void TestDataModel::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    QVERIFY(m_dir.isValid());
+    QVERIFY(m_fixture.isValid());
     m_settings = new CAppSettings;
 }
 
 void TestDataModel::cleanupTestCase()
 {
     delete m_settings;
-    delete m_home;
 }
 
 void TestDataModel::init()
 {
+    m_fixture.reset();
     m_settings->rgbFormat = 0;
 }
 
 QString TestDataModel::writeFiveColours()
 {
-    const QString path = m_dir.filePath(QStringLiteral("five.txt"));
+    const QString path = m_fixture.filePath(QStringLiteral("five.txt"));
     FixtureFile::write(path, "# five\n0.1, 0.2, 0.3, One\n0.2, 0.3, 0.4, Two\n"
                              "0.3, 0.4, 0.5, Three\n0.4, 0.5, 0.6, Four\n0.5, 0.6, 0.7, Five\n");
     return path;

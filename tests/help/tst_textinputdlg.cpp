@@ -1,7 +1,7 @@
-#include "app/appcontext.h"
 #include "help/elidedlabel.h"
 #include "help/textinputdlg.h"
 
+#include "support/guitestfixture.h"
 #include "support/modalanswerer.h"
 
 #include <QLabel>
@@ -51,11 +51,14 @@ private slots:
     void helpButtonOnlyWithAnAnchor();
     void helpButtonAndF1EmitTheAnchor();
     void dialogIsWindowModalWithAMinimumSize();
+
+private:
+    GuiTestFixture m_fixture;
 };
 
 void TestTextInputDlg::initTestCase()
 {
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestTextInputDlg::blanksOnlyShowPromptAsErrorAndDialogStaysOpen()

@@ -7,9 +7,9 @@
 #include "sample/colourimagewindowview.h"
 #include "sample/imagewidget.h"
 
-#include "samplefixture.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
-#include "support/temphome.h"
+#include "support/samplefixture.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -74,7 +74,6 @@ class TestColourImageWindow : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void panelButtonsHaveTheirTextsIconsAndSize_data();
     void panelButtonsHaveTheirTextsIconsAndSize();
@@ -108,34 +107,23 @@ private slots:
 private:
     std::unique_ptr<CMainWindow> openWindow(const QImage &image, const QString &name);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestColourImageWindow::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestColourImageWindow::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestColourImageWindow::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
+    m_fixture.reset();
 }
 
 std::unique_ptr<CMainWindow> TestColourImageWindow::openWindow(const QImage &image,
                                                                const QString &name)
 {
-    return openImageWindow(image, m_files->path() + "/" + name);
+    return openImageWindow(image, m_fixture.filePath(name));
 }
 
 void TestColourImageWindow::panelButtonsHaveTheirTextsIconsAndSize_data()
@@ -410,7 +398,7 @@ void TestColourImageWindow::multipleModeWeighsEachPickTheSame()
 
 void TestColourImageWindow::transparentPixelsArePickedNotTheCheckerboard()
 {
-    const QString path = m_files->path() + "/clear.png";
+    const QString path = m_fixture.filePath("clear.png");
     QVERIFY(ImageWriter::writeAlphaPng(path, 40, 20, QColor(10, 200, 30)));
     CMainWindow window(AppContext::versionTitle());
     QVERIFY(showWindow(window));
@@ -424,7 +412,7 @@ void TestColourImageWindow::transparentPixelsArePickedNotTheCheckerboard()
 
 void TestColourImageWindow::indexedGifIsPickedAsRgb()
 {
-    const QString path = m_files->path() + "/pick.gif";
+    const QString path = m_fixture.filePath("pick.gif");
     QVERIFY(ImageWriter::writeIndexedGif(path, 10, 4, {qRgb(255, 0, 0), qRgb(0, 0, 255)}));
     CMainWindow window(AppContext::versionTitle());
     QVERIFY(showWindow(window));
@@ -551,7 +539,7 @@ void TestColourImageWindow::openingAnImageClearsTheSampleButKeepsTheModes()
     leftClick(page->imageWidget(), QPoint(1, 2));
     page->commandButton(18)->click();
     page->commandButton(20)->click();
-    const QString next = m_files->path() + "/keep2.png";
+    const QString next = m_fixture.filePath("keep2.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(12, 12), next));
     QVERIFY(openThroughDialog(*window, next));
     QVERIFY(!page->isSamplePresent());

@@ -4,9 +4,9 @@
 #include "sample/colourimagewindowview.h"
 #include "sample/imagewidget.h"
 
-#include "samplefixture.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
-#include "support/temphome.h"
+#include "support/samplefixture.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -41,7 +41,6 @@ class TestColourImageWindowView : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void nothingIsShownBeforeAnImageOpens();
     void zoomTableHasSixteenLevels_data();
@@ -78,40 +77,29 @@ private:
     // A shown main window with `image` opened through "Open Image".
     std::unique_ptr<CMainWindow> openWindow(const QImage &image, const QString &name);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestColourImageWindowView::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestColourImageWindowView::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestColourImageWindowView::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
+    m_fixture.reset();
 }
 
 QString TestColourImageWindowView::writeImage(const QString &name, const QImage &image)
 {
-    const QString path = m_files->path() + "/" + name;
+    const QString path = m_fixture.filePath(name);
     return ImageWriter::write(image, path) ? path : QString();
 }
 
 std::unique_ptr<CMainWindow> TestColourImageWindowView::openWindow(const QImage &image,
                                                                    const QString &name)
 {
-    return openImageWindow(image, m_files->path() + "/" + name);
+    return openImageWindow(image, m_fixture.filePath(name));
 }
 
 void TestColourImageWindowView::nothingIsShownBeforeAnImageOpens()
@@ -456,7 +444,7 @@ void TestColourImageWindowView::rubberBandModeHidesThePickBox()
 
 void TestColourImageWindowView::transparentPartsShowTheCheckerboard()
 {
-    const QString path = m_files->path() + "/alpha.png";
+    const QString path = m_fixture.filePath("alpha.png");
     QVERIFY(ImageWriter::writeAlphaPng(path, 40, 20, QColor(10, 200, 30)));
     auto window = std::make_unique<CMainWindow>(AppContext::versionTitle());
     QVERIFY(showWindow(*window));

@@ -7,11 +7,11 @@
 #include "sample/imagewidget.h"
 #include "sample/previewfiledialog.h"
 
-#include "samplefixture.h"
 #include "support/fixturefile.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
-#include "support/temphome.h"
+#include "support/samplefixture.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -26,7 +26,6 @@ class TestImageSource : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void opensOnlyForTheOpenImageCommand();
     void dialogAsksForAnImageFromTheWorkingFolder();
@@ -46,30 +45,19 @@ private slots:
     void previewIsNotPlacedInTheDialog();
 
 private:
-    QString path(const QString &name) const { return m_files->path() + "/" + name; }
+    QString path(const QString &name) const { return m_fixture.filePath(name); }
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestImageSource::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestImageSource::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestImageSource::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
+    m_fixture.reset();
 }
 
 void TestImageSource::opensOnlyForTheOpenImageCommand()
@@ -90,7 +78,7 @@ void TestImageSource::opensOnlyForTheOpenImageCommand()
 void TestImageSource::dialogAsksForAnImageFromTheWorkingFolder()
 {
     CMainWindow window(AppContext::versionTitle());
-    window.settings()->workDir = m_files->path();
+    window.settings()->workDir = m_fixture.folder();
     QString caption, folder;
     QStringList filters;
     Qt::WindowModality modality = Qt::NonModal;
@@ -112,7 +100,7 @@ void TestImageSource::dialogAsksForAnImageFromTheWorkingFolder()
     QVERIFY(answer.wasAnswered());
     QCOMPARE(className, QStringLiteral("CPreviewFileDialog"));
     QCOMPARE(caption, QStringLiteral("Open Image"));
-    QCOMPARE(folder, QDir(m_files->path()).absolutePath());
+    QCOMPARE(folder, QDir(m_fixture.folder()).absolutePath());
     QCOMPARE(filters, (QStringList{"Images files(*.png *.jpg *.jpeg *.jpe *.tiff *.tif *.gif)",
                                    "All files (*.*)"}));
     QCOMPARE(CImageSource::fileFilter(),
@@ -125,7 +113,7 @@ void TestImageSource::dialogAsksForAnImageFromTheWorkingFolder()
 void TestImageSource::cancellingTheDialogChangesNothing()
 {
     CMainWindow window(AppContext::versionTitle());
-    window.settings()->workDir = m_files->path();
+    window.settings()->workDir = m_fixture.folder();
     const QString title = window.windowTitle();
     {
         ModalAnswerer answer("Cancel");
@@ -135,7 +123,7 @@ void TestImageSource::cancellingTheDialogChangesNothing()
     }
     QVERIFY(!window.imageSource()->isLoaded());
     QVERIFY(window.imageSource()->path().isEmpty());
-    QCOMPARE(window.settings()->workDir, m_files->path());
+    QCOMPARE(window.settings()->workDir, m_fixture.folder());
     QVERIFY(window.settings()->recentFiles.isEmpty());
     QCOMPARE(window.windowTitle(), title);
     QVERIFY(window.samplingPage()->imageWidget()->isHidden());
@@ -181,7 +169,7 @@ void TestImageSource::opensEachImageFormat()
 
 void TestImageSource::openedImageMovesTheWorkingFolderAndJoinsTheRecentList()
 {
-    QDir(m_files->path()).mkpath("photos");
+    QDir(m_fixture.folder()).mkpath("photos");
     const QString file = path("photos/seen.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(5, 5), file));
     CMainWindow window(AppContext::versionTitle());
@@ -193,7 +181,7 @@ void TestImageSource::openedImageMovesTheWorkingFolderAndJoinsTheRecentList()
 
 void TestImageSource::deletedRecentFileWarnsAndKeepsTheWorkingFolder()
 {
-    QDir(m_files->path()).mkpath("gone");
+    QDir(m_fixture.folder()).mkpath("gone");
     const QString file = path("gone/vanished.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(5, 5), file));
     CMainWindow window(AppContext::versionTitle());
@@ -214,7 +202,7 @@ void TestImageSource::deletedRecentFileWarnsAndKeepsTheWorkingFolder()
 
 void TestImageSource::corruptImageMovesTheWorkingFolderThenWarns()
 {
-    QDir(m_files->path()).mkpath("broken");
+    QDir(m_fixture.folder()).mkpath("broken");
     const QString file = path("broken/corrupt.png");
     QVERIFY(FixtureFile::write(file, QByteArray("this is not a picture at all")));
     CMainWindow window(AppContext::versionTitle());
@@ -280,7 +268,7 @@ void TestImageSource::indexedImageIsWidenedToRgb32ByTheView()
 
 void TestImageSource::titleIsFileNameFolderAndTrailingDash()
 {
-    QDir(m_files->path()).mkpath("img");
+    QDir(m_fixture.folder()).mkpath("img");
     const QString file = path("img/leaf.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(3, 3), file));
     CMainWindow window(AppContext::versionTitle());
@@ -300,7 +288,7 @@ void TestImageSource::titleIsEmptyWithoutImage()
 
 void TestImageSource::previewShowsNoImageForUnreadableFiles()
 {
-    CPreviewFileDialog dialog(nullptr, "Open Image", m_files->path(), CImageSource::fileFilter());
+    CPreviewFileDialog dialog(nullptr, "Open Image", m_fixture.folder(), CImageSource::fileFilter());
     dialog.OnCurrentChanged(path("does-not-exist.png"));
     QCOMPARE(dialog.previewLabel()->text(), QStringLiteral("No image"));
 }
@@ -309,7 +297,7 @@ void TestImageSource::previewFitsTheImageIntoTheLabel()
 {
     const QString file = path("wide.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(200, 100), file));
-    CPreviewFileDialog dialog(nullptr, "Open Image", m_files->path(), CImageSource::fileFilter());
+    CPreviewFileDialog dialog(nullptr, "Open Image", m_fixture.folder(), CImageSource::fileFilter());
     dialog.previewLabel()->resize(50, 50);
     dialog.OnCurrentChanged(file);
     QCOMPARE(dialog.previewLabel()->pixmap(Qt::ReturnByValue).size(), QSize(50, 25));
@@ -317,7 +305,7 @@ void TestImageSource::previewFitsTheImageIntoTheLabel()
 
 void TestImageSource::previewIsNotPlacedInTheDialog()
 {
-    CPreviewFileDialog dialog(nullptr, "Open Image", m_files->path(), CImageSource::fileFilter());
+    CPreviewFileDialog dialog(nullptr, "Open Image", m_fixture.folder(), CImageSource::fileFilter());
     QVERIFY(!dialog.previewLabel()->parent());
     QVERIFY(!dialog.findChildren<QLabel *>().contains(dialog.previewLabel()));
 }

@@ -5,17 +5,20 @@
 #include "colour/colourformat.h"
 #include "colour/deltae2000.h"
 #include "colour/matchscore.h"
+#include "data/chartdatawindow.h"
+#include "data/datamodel.h"
+#include "data/dlgdatacolouradd.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
 #include "tables/colourtableentry.h"
 #include "tables/libcolourtable.h"
 
-#include "samplefixture.h"
 #include "support/fixturefile.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"
+#include "support/samplefixture.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -88,7 +91,6 @@ class TestMatchPanel : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void closeMatchesBeyondTheCountAreShownBelowTwoAndAHalf();
     void shortTableShowsAllItsEntries();
@@ -119,33 +121,22 @@ private:
     void pickSample(CMainWindow &window);
     void match(CMainWindow &window);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
     QString m_library;
     int m_libraryCount = 0;
 };
 
 void TestMatchPanel::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestMatchPanel::init()
 {
-    TempHome::clearSettings();
+    m_fixture.reset();
     // Every test starts with a library folder of its own.
-    m_library = m_files->path() + QStringLiteral("/library%1").arg(++m_libraryCount);
+    m_library = m_fixture.filePath(QStringLiteral("library%1").arg(++m_libraryCount));
     QVERIFY(QDir().mkpath(m_library));
-}
-
-void TestMatchPanel::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
 }
 
 QString TestMatchPanel::writeTable(const QString &fileName, const QVector<NamedColour> &colours)
@@ -172,7 +163,7 @@ void TestMatchPanel::pickSample(CMainWindow &window)
 {
     QImage image(10, 10, QImage::Format_RGB32);
     image.fill(qRgb(128, 128, 128));
-    const QString path = m_files->path() + "/grey.png";
+    const QString path = m_fixture.filePath("grey.png");
     QVERIFY(ImageWriter::write(image, path));
     QVERIFY(showWindow(window));
     QVERIFY(openThroughDialog(window, path));
@@ -381,7 +372,7 @@ void TestMatchPanel::addToLibraryRightAfterOpeningAnImageAsksForAMatchFirst()
 {
     const QString path = writeTable("lib.clrtable", {{"White", {1, 1, 1}}});
     auto window = windowWithLibrary(path);
-    const QString image = m_files->path() + "/fresh.png";
+    const QString image = m_fixture.filePath("fresh.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(5, 5), image));
     QVERIFY(showWindow(*window));
     QVERIFY(openThroughDialog(*window, image));
@@ -464,8 +455,26 @@ void TestMatchPanel::quietRematchWaitsForAFirstMatch()
     QVERIFY(FixtureFile::write(m_library + "/empty.clrtable", QByteArray()));
     window->samplingPage()->fillLibraryCombo();
     window->samplingPage()->libraryCombo()->setCurrentIndex(0);
+    // Any message box would be shown, and answered, before runMatch returns.
+    {
+        ModalAnswerer unexpected(QStringLiteral("OK"));
+        window->samplingPage()->runMatch(true);
+        QVERIFY(!unexpected.wasAnswered());
+    }
+    QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 0);
+    // Asked for by the user, the empty table is reported...
+    {
+        ModalAnswerer reported(QStringLiteral("OK"));
+        window->samplingPage()->runMatch(false);
+        QVERIFY(reported.wasAnswered());
+        QCOMPARE(reported.text(), QStringLiteral("The empty Colour Match Library is empty, so a "
+                                                 "match cannot be attempted."));
+    }
+    // ...but not again by the quiet refresh that follows a settings change.
+    ModalAnswerer unexpected(QStringLiteral("OK"));
+    window->applyConfigurationChanges(window->settings()->libraryDir);
     window->samplingPage()->runMatch(true);
-    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(!unexpected.wasAnswered());
 }
 
 void TestMatchPanel::newImageClearsTheResults()
@@ -475,7 +484,7 @@ void TestMatchPanel::newImageClearsTheResults()
     pickSample(*window);
     match(*window);
     QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 1);
-    const QString image = m_files->path() + "/next.png";
+    const QString image = m_fixture.filePath("next.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(4, 4), image));
     QVERIFY(openThroughDialog(*window, image));
     QCOMPARE(window->samplingPage()->resultsTable()->rowCount(), 0);
@@ -489,11 +498,20 @@ void TestMatchPanel::addToDataSetHandsTheSampleToTheMainWindow()
 {
     auto window = windowWithLibrary();
     pickSample(*window);
-    ModalAnswerer answer("Cancel");
+    // The data page's dialog shows the picked grey; refused there, the
+    // sampling page stays.
+    QString swatch;
+    ModalAnswerer answer("Cancel", [&swatch](QWidget *dialog) {
+        if (auto *add = qobject_cast<CDlgDataColourAdd *>(dialog))
+            swatch = add->swatchLabel()->styleSheet();
+    });
     window->samplingPage()->commandButton(CmdAddToDataSet)->click();
-    // Refused (or not yet possible) on the data page: the sampling page stays.
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.title(), QStringLiteral("Vellora - Add Colour Data"));
+    QCOMPARE(swatch, QStringLiteral("background-color:#808080;"));
     QCOMPARE(window->tabWidget()->currentIndex(), 0);
     QVERIFY(window->samplingPage()->isSamplePresent());
+    QCOMPARE(window->dataPage()->model()->rowCount(), 0);
 }
 
 void TestMatchPanel::maintainingAnUnchangedLibraryKeepsTheResults()

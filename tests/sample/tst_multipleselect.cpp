@@ -8,9 +8,9 @@
 #include "sample/imagewidget.h"
 #include "sample/multipleselect.h"
 
-#include "samplefixture.h"
+#include "support/guitestfixture.h"
 #include "support/imagewriter.h"
-#include "support/temphome.h"
+#include "support/samplefixture.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -74,7 +74,6 @@ class TestMultipleSelect : public QObject
 private slots:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void slotRowsAreNumberedAndHidden();
     void eachPickFillsTheNextSlot();
@@ -100,34 +99,23 @@ private:
     // Multiple mode on, then one 1x1 click in the middle of each column.
     void pickColumns(CMainWindow &window, const QList<int> &columns);
 
-    TempHome *m_home = nullptr;
-    QTemporaryDir *m_files = nullptr;
+    GuiTestFixture m_fixture;
 };
 
 void TestMultipleSelect::initTestCase()
 {
-    m_home = new TempHome;
-    QVERIFY(m_home->isValid());
-    m_files = new QTemporaryDir;
-    QVERIFY(m_files->isValid());
-    AppContext::initResources();
+    QVERIFY(m_fixture.isValid());
 }
 
 void TestMultipleSelect::init()
 {
-    TempHome::clearSettings();
-}
-
-void TestMultipleSelect::cleanupTestCase()
-{
-    delete m_files;
-    delete m_home;
+    m_fixture.reset();
 }
 
 std::unique_ptr<CMainWindow> TestMultipleSelect::openWindow(const QImage &image,
                                                             const QString &name)
 {
-    return openImageWindow(image, m_files->path() + "/" + name);
+    return openImageWindow(image, m_fixture.filePath(name));
 }
 
 void TestMultipleSelect::pickColumns(CMainWindow &window, const QList<int> &columns)
@@ -431,7 +419,7 @@ void TestMultipleSelect::newImageStartsWithoutMarks()
     auto window = openWindow(columnsImage(), "before.png");
     QVERIFY(window);
     pickColumns(*window, {0, 1});
-    const QString next = m_files->path() + "/after.png";
+    const QString next = m_fixture.filePath("after.png");
     QVERIFY(ImageWriter::write(columnsImage(), next));
     QVERIFY(openThroughDialog(*window, next));
     CColourImageWindow *page = window->samplingPage();

@@ -1,4 +1,4 @@
-#include "samplefixture.h"
+#include "support/samplefixture.h"
 
 #include "app/appcontext.h"
 #include "app/mainwindow.h"
