@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "data/chartdatawindow.h"
+#include "help/helpwindow.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagesource.h"
@@ -14,6 +15,7 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QSignalMapper>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -143,6 +145,9 @@ CMainWindow::~CMainWindow()
     delete m_settings;
     if (AppContext::mainWindow() == this)
         AppContext::setMainWindow(nullptr);
+    // The help window has no parent: it ends with the window that opened it.
+    if (m_helpWindow)
+        CHelpWindow::deleteInstance();
 }
 
 QAction *CMainWindow::commandAction(int id) const
@@ -401,17 +406,20 @@ void CMainWindow::applyConfigurationChanges(const QString &libraryDirBefore)
 
 void CMainWindow::displayHelp(const QString &page)
 {
-    // The help window is not in this release yet: it will be created here
-    // (titled with the product name, at m_helpRect with the remembered
-    // splitter sizes), kept in m_helpWindow and opened at `page`, the
-    // contents when `page` is empty.
-    Q_UNUSED(page);
+    m_helpWindow = CHelpWindow::showHelp(AppContext::productName(), page, m_helpRect,
+                                         m_helpSplitA, m_helpSplitB);
+}
+
+CHelpWindow *CMainWindow::helpWindow() const
+{
+    return m_helpWindow;
 }
 
 QList<int> CMainWindow::helpSplitterSizes() const
 {
-    // Filled in by the help window once it exists.
-    return QList<int>();
+    if (!m_helpWindow)
+        return QList<int>();
+    return m_helpWindow->splitter()->sizes();
 }
 
 void CMainWindow::closeHelpWindow()
