@@ -19,6 +19,8 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
+#include <cstdio>
+#include <unistd.h>
 
 // Receives the urls the help browser hands to the desktop.
 class DesktopUrlCatcher : public QObject
@@ -60,6 +62,7 @@ private slots:
     void collectionIsNamedAfterTheVersionAndOpenedReadOnly();
     void missingCollectionGivesAnEmptyWindowWithoutMessages();
     void findFieldIsAsWideAsItsMinimumText();
+    void engineWarningsArePrintedToStandardOutputInLatin1();
 
 private:
     CHelpWindow *show(const QString &page);
@@ -374,6 +377,23 @@ void TestHelpWindow::findFieldIsAsWideAsItsMinimumText()
              find->fontMetrics().horizontalAdvance(QStringLiteral("Minimum Edit Box Width")));
     QCOMPARE(window->navigationTabs()->tabText(0), QStringLiteral("Contents"));
     QCOMPARE(window->navigationTabs()->tabText(1), QStringLiteral("Index"));
+}
+
+void TestHelpWindow::engineWarningsArePrintedToStandardOutputInLatin1()
+{
+    CHelpWindow *window = show(QString());
+    QTemporaryFile captured;
+    QVERIFY(captured.open());
+    std::fflush(stdout);
+    const int saved = dup(STDOUT_FILENO);
+    dup2(captured.handle(), STDOUT_FILENO);
+    window->warning(QString::fromUtf8("Cannot open caf\xc3\xa9.qch"));
+    std::fflush(stdout);
+    dup2(saved, STDOUT_FILENO);
+    close(saved);
+    captured.seek(0);
+    QCOMPARE(captured.readAll(), QByteArray("Help Engine warning:Cannot open caf\xe9.qch\n"));
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 QTEST_MAIN(TestHelpWindow)
