@@ -42,24 +42,25 @@ private:
 
 namespace {
 
+// The values of the given attributes in the page, in page order.
+QStringList attributeValues(const QString &html, const QString &attributes)
+{
+    QStringList values;
+    const QRegularExpression pattern(QStringLiteral("\\b(?:%1)=\"([^\"]+)\"").arg(attributes));
+    auto it = pattern.globalMatch(html);
+    while (it.hasNext())
+        values << it.next().captured(1);
+    return values;
+}
+
 QStringList elementIds(const QString &html)
 {
-    QStringList ids;
-    static const QRegularExpression id(QStringLiteral("\\b(?:id|name)=\"([^\"]+)\""));
-    auto it = id.globalMatch(html);
-    while (it.hasNext())
-        ids << it.next().captured(1);
-    return ids;
+    return attributeValues(html, QStringLiteral("id|name"));
 }
 
 QStringList linkTargets(const QString &html)
 {
-    QStringList links;
-    static const QRegularExpression link(QStringLiteral("\\b(?:href|src)=\"([^\"]+)\""));
-    auto it = link.globalMatch(html);
-    while (it.hasNext())
-        links << it.next().captured(1);
-    return links;
+    return attributeValues(html, QStringLiteral("href|src"));
 }
 
 } // namespace

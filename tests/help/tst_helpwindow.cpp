@@ -3,6 +3,7 @@
 #include "help/helpbrowser.h"
 #include "help/helpwindow.h"
 
+#include "support/modalanswerer.h"
 #include "support/temphome.h"
 
 #include <QAction>
@@ -63,6 +64,7 @@ private slots:
     void missingCollectionGivesAnEmptyWindowWithoutMessages();
     void findFieldIsAsWideAsItsMinimumText();
     void engineWarningsArePrintedToStandardOutputInLatin1();
+    void printAsksWithThePrintDialogAndCancelPrintsNothing();
 
 private:
     CHelpWindow *show(const QString &page);
@@ -394,6 +396,17 @@ void TestHelpWindow::engineWarningsArePrintedToStandardOutputInLatin1()
     captured.seek(0);
     QCOMPARE(captured.readAll(), QByteArray("Help Engine warning:Cannot open caf\xe9.qch\n"));
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestHelpWindow::printAsksWithThePrintDialogAndCancelPrintsNothing()
+{
+    CHelpWindow *window = show(QStringLiteral("shortcuts.html"));
+    ModalAnswerer answer(QStringLiteral("Cancel"));
+    window->printAction()->trigger();
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.title(), QStringLiteral("Print Help Page"));
+    QCOMPARE(answer.dialogClass(), QStringLiteral("QPrintDialog"));
+    QCOMPARE(window->browser()->source(), CHelpWindow::pageUrl(QStringLiteral("shortcuts.html")));
 }
 
 QTEST_MAIN(TestHelpWindow)

@@ -7,6 +7,7 @@
 #include "support/temphome.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QtTest>
@@ -34,6 +35,7 @@ private slots:
     void uncheckingTheBoxAndClosingStoresFalseAndTheDialogStaysAwayAtNextStart();
     void startupShowsTheTitledDialogOnceMadeAndFixedInSize();
     void shippedTipsFileHoldsAtLeastTwentyFiveShortTips();
+    void lightBulbAndHeadingAreShown();
 
 private:
     QString writeTips(const QByteArray &content);
@@ -242,6 +244,22 @@ void TestTipDialog::shippedTipsFileHoldsAtLeastTwentyFiveShortTips()
     for (const QString &tip : tips)
         withMarkup += tip.contains(QLatin1String("<b>")) ? 1 : 0;
     QVERIFY(withMarkup >= 5);
+}
+
+void TestTipDialog::lightBulbAndHeadingAreShown()
+{
+    CTipDialog dialog(m_settings, nullptr, writeTips("Tip.\n"));
+    bool bulb = false;
+    bool heading = false;
+    for (QLabel *label : dialog.findChildren<QLabel *>()) {
+        bulb = bulb || (label->pixmap() && !label->pixmap()->isNull());
+        heading = heading
+            || label->text() == QStringLiteral("<font color=\"#2874a6\"><h2>Did you know ..</h2></font>");
+    }
+    QVERIFY(bulb);
+    QVERIFY(heading);
+    QCOMPARE(dialog.nextButton()->text(), QStringLiteral("&Next Tip"));
+    QCOMPARE(dialog.closeButton()->text(), QStringLiteral("&Close"));
 }
 
 QTEST_MAIN(TestTipDialog)
