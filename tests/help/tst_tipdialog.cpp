@@ -252,7 +252,7 @@ void TestTipDialog::lightBulbAndHeadingAreShown()
     bool bulb = false;
     bool heading = false;
     for (QLabel *label : dialog.findChildren<QLabel *>()) {
-        bulb = bulb || (label->pixmap() && !label->pixmap()->isNull());
+        bulb = bulb || !label->pixmap(Qt::ReturnByValue).isNull();
         heading = heading
             || label->text() == QStringLiteral("<font color=\"#2874a6\"><h2>Did you know ..</h2></font>");
     }
