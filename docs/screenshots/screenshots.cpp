@@ -130,9 +130,9 @@ void takeMainWindowPictures(CMainWindow &window, const QString &picture)
     QCoreApplication::processEvents();
     CImageWidget *image = window.samplingPage()->imageWidget();
     window.samplingPage()->pickSizeCombo()->setCurrentIndex(2);
-    const QString names[] = {QStringLiteral("Tomato, left patch"),
-                             QStringLiteral("Orange, middle patch"),
-                             QStringLiteral("Steel blue, right patch")};
+    const QString names[] = {QStringLiteral("Tomato"),
+                             QStringLiteral("Orange"),
+                             QStringLiteral("Steel blue")};
     const QPoint points[] = {QPoint(110, 120), QPoint(310, 120), QPoint(510, 120)};
     for (int i = 0; i < 3; ++i) {
         window.tabWidget()->setCurrentIndex(0);
