@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/defaultfolders.h"
 #include "app/mainwindow.h"
+#include "help/helpwindow.h"
 #include "tables/webcolourstable.h"
 
 #include <QCoreApplication>

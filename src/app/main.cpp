@@ -1,6 +1,7 @@
 #include "app/appcontext.h"
 #include "app/application.h"
 #include "app/mainwindow.h"
+#include "help/tipdialog.h"
 
 #include <QIcon>
 
@@ -17,13 +18,11 @@ QIcon applicationIcon()
     return icon;
 }
 
-// The tip of the day is not in this release yet. This is where it will be
-// offered, over the main window and titled from `titleBase`, when the
-// General/showStartTip setting asks for it.
+// Over the main window, once it is up; the dialog itself checks whether the
+// user still wants it at start-up.
 void offerTipOfTheDay(CMainWindow *parent, const QString &titleBase)
 {
-    Q_UNUSED(parent);
-    Q_UNUSED(titleBase);
+    CTipDialog::showAtStartup(parent, titleBase, parent->settings());
 }
 
 } // namespace

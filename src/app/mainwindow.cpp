@@ -6,6 +6,7 @@
 #include "config/configdlg.h"
 #include "config/updatecheck.h"
 #include "data/chartdatawindow.h"
+#include "help/helpwindow.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagesource.h"
@@ -17,6 +18,7 @@
 #include <QMenu>
 #include <QShortcut>
 #include <QSignalMapper>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -146,6 +148,9 @@ CMainWindow::~CMainWindow()
     // Children are deleted after the members: the pages, which keep a
     // pointer to the settings, must go first.
     delete m_tabWidget;
+    // The help window has no parent: it ends with the window that opened it.
+    if (m_helpWindow)
+        CHelpWindow::deleteInstance();
 }
 
 void CMainWindow::connectPages()
@@ -420,17 +425,20 @@ void CMainWindow::applyConfigurationChanges(const QString &libraryDirBefore)
 
 void CMainWindow::displayHelp(const QString &page)
 {
-    // The help window is not in this release yet: it will be created here
-    // (titled with the product name, at m_helpRect with the remembered
-    // splitter sizes), kept in m_helpWindow and opened at `page`, the
-    // contents when `page` is empty.
-    Q_UNUSED(page);
+    m_helpWindow = CHelpWindow::showHelp(AppContext::productName(), page, m_helpRect,
+                                         m_helpSplitA, m_helpSplitB);
+}
+
+CHelpWindow *CMainWindow::helpWindow() const
+{
+    return m_helpWindow;
 }
 
 QList<int> CMainWindow::helpSplitterSizes() const
 {
-    // Filled in by the help window once it exists.
-    return QList<int>();
+    if (!m_helpWindow)
+        return QList<int>();
+    return m_helpWindow->splitter()->sizes();
 }
 
 void CMainWindow::closeHelpWindow()

@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QList>
+#include <QPointer>
 #include <QRect>
 
 #include <memory>
@@ -11,6 +12,7 @@
 class CAppSettings;
 class CChartDataWindow;
 class CColourImageWindow;
+class CHelpWindow;
 class CImageSource;
 class QAction;
 class QMenu;
@@ -44,7 +46,7 @@ public:
 
     // The help window while it exists (nullptr before the first help request)
     // and its splitter sizes, for the settings save.
-    QWidget *helpWindow() const { return m_helpWindow; }
+    CHelpWindow *helpWindow() const;
     QList<int> helpSplitterSizes() const;
     // The help window's rectangle and splitter sizes read at construction.
     QRect helpRect() const { return m_helpRect; }
@@ -92,7 +94,7 @@ private:
     QMenu *m_recentMenu = nullptr;
     QList<QAction *> m_recentActions;
     QRect m_helpRect;
-    QWidget *m_helpWindow = nullptr;
+    QPointer<CHelpWindow> m_helpWindow;
     int m_helpSplitA = 0;
     int m_helpSplitB = 0;
     QTabWidget *m_tabWidget = nullptr;

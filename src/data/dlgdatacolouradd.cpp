@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
+#include "help/helpanchors.h"
 #include "tables/datacolourtable.h"
 
 #include <QButtonGroup>
@@ -146,7 +147,7 @@ QRadioButton *CDlgDataColourAdd::choiceButton(Choice choice) const
 
 void CDlgDataColourAdd::displayHelp()
 {
-    emit displayHelpSignal(QStringLiteral("data.html#dataAddColour"));
+    emit displayHelpSignal(QLatin1String(HelpAnchors::kDataAddColour));
 }
 
 void CDlgDataColourAdd::accept()
