@@ -20,7 +20,10 @@ constexpr qint64 kThreadedPixels = 1 << 20;
 
 // Differences of recent colours from the reference: photographs repeat
 // colours from pixel to pixel, and the conversion plus CIEDE2000 is what
-// costs. Direct mapped on the packed 24-bit colour.
+// costs. Direct mapped on the packed 24-bit colour; each slot counts its
+// pixels and adds them to the sum and the histogram only when it is reused
+// for another colour or at the end, so the pixel loop itself does no
+// floating point and touches no histogram.
 class SpreadCache
 {
 public:
@@ -29,18 +32,23 @@ public:
           m_slots(new Slot[kSlots])
     {
         for (int i = 0; i < kSlots; ++i)
-            m_slots[i].key = kEmpty;
+            m_slots[i] = Slot{kEmpty, 0, 0.0f, 0};
     }
 
-    // Adds one pixel to the sum and the histogram.
     void add(QRgb pixel)
     {
         const uint32_t key = pixel & 0xffffffu;
         Slot &slot = m_slots[(key * 2654435761u) >> (32 - kBits)];
-        if (slot.key != key)
-            fill(slot, key);
-        m_sum += double(slot.difference);
-        ++m_histogram[slot.bin];
+        if (slot.key != key || slot.count == UINT32_MAX)
+            refill(slot, key);
+        ++slot.count;
+    }
+
+    // Empties every slot into the sum and the histogram.
+    void flush()
+    {
+        for (int i = 0; i < kSlots; ++i)
+            settle(m_slots[i]);
     }
 
     double sum() const { return m_sum; }
@@ -55,10 +63,23 @@ private:
         uint32_t key;
         uint32_t bin;
         float difference;
+        uint32_t count;
     };
 
-    void fill(Slot &slot, uint32_t key)
+    void settle(Slot &slot)
     {
+        if (slot.count == 0)
+            return;
+        m_sum += double(slot.difference) * double(slot.count);
+        m_histogram[slot.bin] += slot.count;
+        slot.count = 0;
+    }
+
+    void refill(Slot &slot, uint32_t key)
+    {
+        settle(slot);
+        if (slot.key == key)
+            return;
         const LabColour lab =
             rgbToLab(qRed(key) / 255.0, qGreen(key) / 255.0, qBlue(key) / 255.0);
         const float d = deltaE2000(m_L, m_a, m_b, float(lab.L), float(lab.a), float(lab.b));
@@ -88,6 +109,7 @@ void addRows(const QImage &image, const QRect &region, int first, int last, Spre
         for (int i = 0; i < region.width(); ++i)
             cache->add(row[i]);
     }
+    cache->flush();
 }
 
 // The smallest bin at which at least 95 % of the pixels are counted.
