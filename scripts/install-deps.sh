@@ -8,6 +8,7 @@ packages=(
   qtbase5-dev qttools5-dev qttools5-dev-tools
   qt5-image-formats-plugins libqt5svg5-dev
   libbenchmark-dev
+  openssl
 )
 
 missing=()
