@@ -118,10 +118,8 @@ private slots:
     void statsPrintsPixelsMeanAndPercentileAfterTheColour();
     void statsOfAUniformClickAreZero();
     void statsComeBeforeTheMatchRows();
-    void srgbConvertsDisplayP3Png();
-    void srgbConvertsAdobeRgbPng();
-    void srgbConvertsDisplayP3Jpeg();
-    void srgbConvertsAdobeRgbJpeg();
+    void srgbConvertsTaggedImages_data();
+    void srgbConvertsTaggedImages();
     void withoutSrgbTaggedPixelsAreReadAsStored();
     void srgbLeavesAnUntaggedImageAlone();
 };
@@ -304,28 +302,27 @@ void TestCliInsight::verifySrgb(const QString &file, const Matrix &toXyz, double
     QVERIFY(!near(actual, {qRed(raw), qGreen(raw), qBlue(raw)}, 4));
 }
 
-void TestCliInsight::srgbConvertsDisplayP3Png()
+void TestCliInsight::srgbConvertsTaggedImages_data()
 {
-    verifySrgb(taggedImage("p3.png", "PNG", qRgb(200, 100, 50), QColorSpace::DisplayP3),
-               kDisplayP3ToXyz, srgbDecode);
+    QTest::addColumn<QString>("fileName");
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<int>("space");
+    QTest::newRow("Display P3 PNG") << "p3.png" << QByteArray("PNG") << int(QColorSpace::DisplayP3);
+    QTest::newRow("Adobe RGB PNG") << "adobe.png" << QByteArray("PNG") << int(QColorSpace::AdobeRgb);
+    QTest::newRow("Display P3 JPEG") << "p3.jpg" << QByteArray("JPEG") << int(QColorSpace::DisplayP3);
+    QTest::newRow("Adobe RGB JPEG") << "adobe.jpg" << QByteArray("JPEG") << int(QColorSpace::AdobeRgb);
 }
 
-void TestCliInsight::srgbConvertsAdobeRgbPng()
+void TestCliInsight::srgbConvertsTaggedImages()
 {
-    verifySrgb(taggedImage("adobe.png", "PNG", qRgb(60, 170, 90), QColorSpace::AdobeRgb),
-               kAdobeRgbToXyz, adobeDecode);
-}
-
-void TestCliInsight::srgbConvertsDisplayP3Jpeg()
-{
-    verifySrgb(taggedImage("p3.jpg", "JPEG", qRgb(200, 100, 50), QColorSpace::DisplayP3),
-               kDisplayP3ToXyz, srgbDecode);
-}
-
-void TestCliInsight::srgbConvertsAdobeRgbJpeg()
-{
-    verifySrgb(taggedImage("adobe.jpg", "JPEG", qRgb(60, 170, 90), QColorSpace::AdobeRgb),
-               kAdobeRgbToXyz, adobeDecode);
+    QFETCH(QString, fileName);
+    QFETCH(QByteArray, format);
+    QFETCH(int, space);
+    const bool p3 = space == QColorSpace::DisplayP3;
+    const QRgb colour = p3 ? qRgb(200, 100, 50) : qRgb(60, 170, 90);
+    verifySrgb(taggedImage(fileName, format.constData(), colour,
+                           QColorSpace::NamedColorSpace(space)),
+               p3 ? kDisplayP3ToXyz : kAdobeRgbToXyz, p3 ? srgbDecode : adobeDecode);
 }
 
 void TestCliInsight::withoutSrgbTaggedPixelsAreReadAsStored()
