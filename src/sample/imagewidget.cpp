@@ -244,7 +244,8 @@ void CImageWidget::showKeyboardPosition()
 {
     emit statusMessage(tr("Cursor Pos XY:(%1,%2)").arg(m_keyPixel.x()).arg(m_keyPixel.y()));
     const double f = viewFactor();
-    const QPoint centre(truncated((m_keyPixel.x() + 0.5) * f), truncated((m_keyPixel.y() + 0.5) * f));
+    const QPoint centre(truncated((m_keyPixel.x() + 0.5) * f),
+                        truncated((m_keyPixel.y() + 0.5) * f));
     if (!m_boxSuppressed)
         movePickBox(centre);
     const int margin = m_pickBox->width();

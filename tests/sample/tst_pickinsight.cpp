@@ -96,6 +96,7 @@ class TestPickInsight : public QObject
 private slots:
     void initTestCase();
     void init();
+    void cleanup();
     void cleanupTestCase();
 
     void bandOverTwoColoursShowsMixedWithTheNumbers();
@@ -116,14 +117,17 @@ private slots:
 private:
     QString writeTable(const QString &fileName, const QVector<Named> &colours);
     std::unique_ptr<CMainWindow> openWindow(const QImage &image, const QString &name);
-    // Opens the image, puts the mouse over widget point `at` and the focus on
-    // the picture, ready for the keys.
-    std::unique_ptr<CMainWindow> openForKeys(const QImage &image, const QString &name,
-                                             const QPoint &at);
+    // Opens a coded image of that size (kept in m_image, its window in
+    // m_window), puts the mouse over widget point `at` and the focus on the
+    // picture, ready for the keys. Null when it could not be opened.
+    CColourImageWindow *openCodedForKeys(const QSize &size, const QString &name,
+                                         const QPoint &at);
     void match(CMainWindow &window);
 
     TempHome *m_home = nullptr;
     QTemporaryDir *m_files = nullptr;
+    std::unique_ptr<CMainWindow> m_window;
+    QImage m_image;
     QString m_library;
     int m_count = 0;
 };
@@ -144,6 +148,11 @@ void TestPickInsight::init()
     QVERIFY(QDir().mkpath(m_library));
     StoredSettings::setValue(QStringLiteral("ColourLibrary/directory"), m_library);
     StoredSettings::setValue(QStringLiteral("Sample/created"), true);
+}
+
+void TestPickInsight::cleanup()
+{
+    m_window.reset();
 }
 
 void TestPickInsight::cleanupTestCase()
@@ -170,16 +179,17 @@ std::unique_ptr<CMainWindow> TestPickInsight::openWindow(const QImage &image, co
     return window;
 }
 
-std::unique_ptr<CMainWindow> TestPickInsight::openForKeys(const QImage &image,
-                                                          const QString &name, const QPoint &at)
+CColourImageWindow *TestPickInsight::openCodedForKeys(const QSize &size, const QString &name,
+                                                      const QPoint &at)
 {
-    auto window = openWindow(image, name);
-    if (!window)
+    m_image = codedImage(size.width(), size.height());
+    m_window = openWindow(m_image, name);
+    if (!m_window)
         return nullptr;
-    CImageWidget *widget = window->samplingPage()->imageWidget();
+    CImageWidget *widget = m_window->samplingPage()->imageWidget();
     moveTo(widget, at);
     widget->setFocus();
-    return window;
+    return m_window->samplingPage();
 }
 
 void TestPickInsight::match(CMainWindow &window)
@@ -352,10 +362,8 @@ void TestPickInsight::explainWindowWordsTheRowsDifference()
 
 void TestPickInsight::arrowsMoveOnePixelAndShiftTen()
 {
-    const QImage image = codedImage(60, 50);
-    auto window = openForKeys(image, "coded.png", QPoint(5, 5));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(60, 50), "coded.png", QPoint(5, 5));
+    QVERIFY(page);
     CImageWidget *widget = page->imageWidget();
     QSignalSpy status(page, &CColourImageWindow::statusMessage);
     key(widget, Qt::Key_Right);
@@ -392,10 +400,9 @@ void TestPickInsight::arrowsStopAtTheImageEdges()
 
 void TestPickInsight::spaceAndEnterPickLikeAClickOnThatPixel()
 {
-    const QImage image = codedImage(60, 50);
-    auto window = openForKeys(image, "coded2.png", QPoint(10, 10));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(60, 50), "coded2.png", QPoint(10, 10));
+    QVERIFY(page);
+    const QImage &image = m_image;
     CImageWidget *widget = page->imageWidget();
     key(widget, Qt::Key_Right);
     key(widget, Qt::Key_Space);
@@ -415,10 +422,9 @@ void TestPickInsight::spaceAndEnterPickLikeAClickOnThatPixel()
 
 void TestPickInsight::keyboardPickUsesThePickSizeAndClipsLikeAClick()
 {
-    const QImage image = codedImage(60, 50);
-    auto window = openForKeys(image, "coded3.png", QPoint(3, 3));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(60, 50), "coded3.png", QPoint(3, 3));
+    QVERIFY(page);
+    const QImage &image = m_image;
     CImageWidget *widget = page->imageWidget();
     page->pickSizeCombo()->setCurrentIndex(4); // 9x9
     key(widget, Qt::Key_Left, Qt::ShiftModifier);
@@ -436,10 +442,8 @@ void TestPickInsight::keyboardPickUsesThePickSizeAndClipsLikeAClick()
 
 void TestPickInsight::keyboardPicksEnterTheMultipleSelection()
 {
-    const QImage image = codedImage(60, 50);
-    auto window = openForKeys(image, "coded4.png", QPoint(4, 4));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(60, 50), "coded4.png", QPoint(4, 4));
+    QVERIFY(page);
     CImageWidget *widget = page->imageWidget();
     page->commandButton(CmdSelectMultiple)->click();
     key(widget, Qt::Key_Space);
@@ -452,10 +456,8 @@ void TestPickInsight::keyboardPicksEnterTheMultipleSelection()
 
 void TestPickInsight::pickBoxFollowsTheKeysAndTheViewScrolls()
 {
-    const QImage image = codedImage(3000, 400);
-    auto window = openForKeys(image, "wide.png", QPoint(5, 5));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(3000, 400), "wide.png", QPoint(5, 5));
+    QVERIFY(page);
     CImageWidget *widget = page->imageWidget();
     CColourImageWindowView *view = page->view();
     QCOMPARE(view->horizontalScrollBar()->value(), 0);
@@ -479,10 +481,8 @@ void TestPickInsight::pickBoxFollowsTheKeysAndTheViewScrolls()
 
 void TestPickInsight::rubberBandModeLeavesTheKeysToTheView()
 {
-    const QImage image = codedImage(60, 50);
-    auto window = openForKeys(image, "coded5.png", QPoint(5, 5));
-    QVERIFY(window);
-    CColourImageWindow *page = window->samplingPage();
+    CColourImageWindow *page = openCodedForKeys(QSize(60, 50), "coded5.png", QPoint(5, 5));
+    QVERIFY(page);
     CImageWidget *widget = page->imageWidget();
     page->commandButton(CmdPickRubberBand)->click();
     key(widget, Qt::Key_Right);
