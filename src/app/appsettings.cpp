@@ -29,6 +29,7 @@ const char kMaxRecords[] = "General/maxRecordsDisplay";
 const char kRgbFormat[] = "Colour/rgbFormat";
 const char kRgbAverage[] = "Colour/rgbAverage";
 const char kRgbDifference[] = "Colour/rgbDifference";
+const char kConvertToSrgb[] = "Colour/convertToSrgb";
 const char kShowStartTip[] = "General/showStartTip";
 const char kStartTipIndex[] = "General/startTipIndex";
 const char kMainWindowRect[] = "Layout/mainwindow";
@@ -111,6 +112,7 @@ void CAppSettings::loadPreferences()
     rgbFormat = store->value(kRgbFormat, 0).toInt();
     rgbAverage = store->value(kRgbAverage, true).toBool();
     rgbDifference = store->value(kRgbDifference, true).toBool();
+    convertToSrgb = store->value(kConvertToSrgb, false).toBool();
     showStartTip = store->value(kShowStartTip, true).toBool();
     startTipIndex = store->value(kStartTipIndex, 0).toInt();
 }
@@ -171,6 +173,7 @@ void CAppSettings::savePreferences()
     store->setValue(kRgbFormat, rgbFormat);
     store->setValue(kRgbAverage, rgbAverage);
     store->setValue(kRgbDifference, rgbDifference);
+    store->setValue(kConvertToSrgb, convertToSrgb);
     store->setValue(kShowStartTip, showStartTip);
     store->setValue(kStartTipIndex, startTipIndex);
     store->sync();

@@ -60,6 +60,8 @@ public:
     int rgbFormat = 0;
     bool rgbAverage = true;
     bool rgbDifference = true;
+    // Convert images tagged with a colour profile other than sRGB at load.
+    bool convertToSrgb = false;
     bool showStartTip = true;
     int startTipIndex = 0;
     bool sampleCreated = false;

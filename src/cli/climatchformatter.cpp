@@ -47,21 +47,31 @@ QJsonObject jsonRow(const RowTexts &row)
 
 } // namespace
 
-QString CCliMatchFormatter::tsv(const QVector<CMatchResult> &sorted, int rowCount)
+QString CCliMatchFormatter::tsv(const QVector<CMatchResult> &sorted, int rowCount,
+                               const QStringList &explanations)
 {
-    QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")};
+    const bool explain = !explanations.isEmpty();
+    QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")
+                      + (explain ? QStringLiteral("\texplain") : QString())};
     for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
         const RowTexts row = rowTexts(sorted.at(i), i + 1);
-        lines << QStringList{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict}
-                     .join(QLatin1Char('\t'));
+        QStringList columns{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict};
+        if (explain)
+            columns << explanations.value(i);
+        lines << columns.join(QLatin1Char('\t'));
     }
     return lines.join(QLatin1Char('\n'));
 }
 
-QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCount)
+QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCount,
+                                const QStringList &explanations)
 {
     QJsonArray rows;
-    for (int i = 0; i < rowCount && i < sorted.size(); ++i)
-        rows.append(jsonRow(rowTexts(sorted.at(i), i + 1)));
+    for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
+        QJsonObject row = jsonRow(rowTexts(sorted.at(i), i + 1));
+        if (!explanations.isEmpty())
+            row.insert(QStringLiteral("explain"), explanations.value(i));
+        rows.append(row);
+    }
     return QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Indented)).trimmed();
 }

@@ -3,15 +3,19 @@
 #include "tables/colourmatcher.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 // The rows the match panel would show, as text for scripts: tab separated
 // values with a header line, or a JSON array of objects with the same keys
-// (rank, name, hex, deltaE, percent, verdict).
+// (rank, name, hex, deltaE, percent, verdict), and a last one, explain,
+// when explanations are given (one sentence per row shown).
 class CCliMatchFormatter
 {
 public:
     // The first rowCount results of a sorted match.
-    static QString tsv(const QVector<CMatchResult> &sorted, int rowCount);
-    static QString json(const QVector<CMatchResult> &sorted, int rowCount);
+    static QString tsv(const QVector<CMatchResult> &sorted, int rowCount,
+                       const QStringList &explanations = QStringList());
+    static QString json(const QVector<CMatchResult> &sorted, int rowCount,
+                        const QStringList &explanations = QStringList());
 };

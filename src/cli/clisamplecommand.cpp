@@ -5,7 +5,9 @@
 #include "cli/clistderrsilencer.h"
 #include "cli/clitablecommands.h"
 #include "colour/colourformat.h"
+#include "colour/colourprofile.h"
 #include "colour/imageregionaverage.h"
+#include "colour/pickspread.h"
 #include "colour/pickgeometry.h"
 #include "tables/libcolourtable.h"
 
@@ -59,12 +61,16 @@ CCliStatus CCliSampleCommand::run(const QStringList &words)
     QImage image;
     if (!status.failed())
         status = readImage(request.imagePath, &image);
+    if (!status.failed() && request.toSrgb)
+        CColourProfile::convertToSrgb(&image);
     RgbColour colour;
     if (!status.failed())
         status = averagePick(request, image, &colour);
     if (status.failed())
         return status;
     CCliOutput::line(sampleLine(colour));
+    if (request.stats)
+        printSpread(request, image, colour);
     if (request.tablePath.isNull())
         return CCliStatus::ok();
     return CCliTableCommands::printMatch(table, colour, request.count, false);
@@ -77,7 +83,9 @@ CCliStatus CCliSampleCommand::parse(const QStringList &words, CCliArguments *arg
                                             {QStringLiteral("band"), true},
                                             {QStringLiteral("average"), true},
                                             {QStringLiteral("table"), true},
-                                            {QStringLiteral("count"), true}});
+                                            {QStringLiteral("count"), true},
+                                            {QStringLiteral("stats"), false},
+                                            {QStringLiteral("srgb"), false}});
     if (status.failed())
         return status;
     if (args->positionals().size() != 1) {
@@ -119,6 +127,8 @@ CCliStatus CCliSampleCommand::readRequest(const CCliArguments &args, Request *re
                     QStringLiteral("rgb"), &average);
     if (!status.failed()) {
         request->useRgb = average == QLatin1String("rgb");
+        request->stats = args.has(QStringLiteral("stats"));
+        request->toSrgb = args.has(QStringLiteral("srgb"));
         status = readPick(args, request);
     }
     if (!status.failed())
@@ -149,13 +159,26 @@ CCliStatus CCliSampleCommand::readPick(const CCliArguments &args, Request *reque
     return status;
 }
 
+QRect CCliSampleCommand::pickRect(const Request &request, const QImage &image)
+{
+    return request.useBand ? bandPickRect(request.band, kZoom, image.size())
+                           : clickPickRect(request.point, kZoom, request.pickSize, image.size());
+}
+
+void CCliSampleCommand::printSpread(const Request &request, const QImage &image,
+                                    const RgbColour &colour)
+{
+    PickSpread spread;
+    pickSpread(image, pickRect(request, image), colour, &spread);
+    CCliOutput::line(QStringLiteral("pixels %1").arg(spread.pixels));
+    CCliOutput::line(QStringLiteral("spread-mean ") + CCliOutput::fixed(spread.mean, 4));
+    CCliOutput::line(QStringLiteral("spread-p95 ") + CCliOutput::fixed(spread.p95, 4));
+}
+
 CCliStatus CCliSampleCommand::averagePick(const Request &request, const QImage &image,
                                           RgbColour *colour)
 {
-    const QRect rect = request.useBand
-                           ? bandPickRect(request.band, kZoom, image.size())
-                           : clickPickRect(request.point, kZoom, request.pickSize, image.size());
-    if (!averageImageRegion(image, rect, request.useRgb, colour)) {
+    if (!averageImageRegion(image, pickRect(request, image), request.useRgb, colour)) {
         return CCliStatus::emptySelection(
             QStringLiteral("the selection holds no pixels of the %1 x %2 image")
                 .arg(image.width())

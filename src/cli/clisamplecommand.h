@@ -9,8 +9,11 @@
 #include <QRect>
 
 // sample IMAGE: averages the pixels a click (--point, --size) or a rubber
-// band (--band) would pick at zoom 1, prints "R G B #rrggbb" and, with
-// --table, the match rows for that colour.
+// band (--band) would pick at zoom 1, prints "R G B #rrggbb", with --stats
+// the pixel count and how far the pixels lie from that colour, and, with
+// --table, the match rows for that colour. --srgb first converts an image
+// tagged with a colour profile other than sRGB; without it pixels are read
+// as stored.
 class CCliSampleCommand
 {
 public:
@@ -27,6 +30,8 @@ public:
         bool useRgb = true;
         QString tablePath;
         int count = 0;
+        bool stats = false;
+        bool toSrgb = false;
     };
 
     static CCliStatus parse(const QStringList &words, CCliArguments *args);
@@ -37,5 +42,7 @@ public:
 
 private:
     static CCliStatus readImage(const QString &path, QImage *image);
+    static QRect pickRect(const Request &request, const QImage &image);
+    static void printSpread(const Request &request, const QImage &image, const RgbColour &colour);
     static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour);
 };

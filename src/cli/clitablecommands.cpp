@@ -4,6 +4,8 @@
 #include "cli/climatchformatter.h"
 #include "cli/clinumbers.h"
 #include "cli/clioutput.h"
+#include "colour/colourconversion.h"
+#include "colour/matchexplanation.h"
 #include "tables/colourmatcher.h"
 #include "tables/libcolourtable.h"
 #include "tables/tablemessagetext.h"
@@ -23,7 +25,8 @@ CCliStatus parseMatchArguments(const QStringList &words, CCliArguments *args)
                                             {QStringLiteral("rgb"), true},
                                             {QStringLiteral("hex"), true},
                                             {QStringLiteral("count"), true},
-                                            {QStringLiteral("format"), true}});
+                                            {QStringLiteral("format"), true},
+                                            {QStringLiteral("explain"), false}});
     if (status.failed())
         return status;
     if (!args->positionals().isEmpty()) {
@@ -87,7 +90,8 @@ CCliStatus CCliTableCommands::match(const QStringList &words)
         status = loadTable(args.value(QStringLiteral("table")), &table);
     if (status.failed())
         return status;
-    return printMatch(table, sample, count, format == QLatin1String("json"));
+    return printMatch(table, sample, count, format == QLatin1String("json"),
+                      args.has(QStringLiteral("explain")));
 }
 
 CCliStatus CCliTableCommands::loadTable(const QString &path, CColourTable *table)
@@ -123,14 +127,20 @@ CCliStatus CCliTableCommands::checkMatchable(const CColourTable &table)
 }
 
 CCliStatus CCliTableCommands::printMatch(const CColourTable &table, const RgbColour &sample,
-                                         int count, bool json)
+                                         int count, bool json, bool explain)
 {
     const CCliStatus status = checkMatchable(table);
     if (status.failed())
         return status;
     const QVector<CMatchResult> sorted = CColourMatcher::match(table, sample);
     const int rows = CColourMatcher::rowsToShow(sorted, count);
-    CCliOutput::line(json ? CCliMatchFormatter::json(sorted, rows)
-                          : CCliMatchFormatter::tsv(sorted, rows));
+    QStringList explanations;
+    const LabColour sampleLab = rgbToLab(sample);
+    for (int i = 0; explain && i < rows && i < sorted.size(); ++i) {
+        const CMatchResult &r = sorted.at(i);
+        explanations << CMatchExplanation::explain(sampleLab, {r.L, r.a, r.b}, r.name);
+    }
+    CCliOutput::line(json ? CCliMatchFormatter::json(sorted, rows, explanations)
+                          : CCliMatchFormatter::tsv(sorted, rows, explanations));
     return CCliStatus::ok();
 }

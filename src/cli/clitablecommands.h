@@ -21,7 +21,8 @@ public:
     static CCliStatus rowCountOption(const QString &text, int *count);
     // An empty table cannot be matched: that fails with the application's text.
     static CCliStatus checkMatchable(const CColourTable &table);
-    // Prints the rows to show for sample as TSV (json false) or JSON.
+    // Prints the rows to show for sample as TSV (json false) or JSON; with
+    // explain, each row also says in words how the sample differs from it.
     static CCliStatus printMatch(const CColourTable &table, const RgbColour &sample, int count,
-                                 bool json);
+                                 bool json, bool explain = false);
 };

@@ -115,7 +115,7 @@ DeltaE2000Terms evaluate(Real L1, Real a1, Real b1, Real L2, Real a2, Real b2)
     const Real l = dL / SL;
     const Real c = dC / SC;
     const Real h = dH / SH;
-    return {h1p, h2p, meanH, RT, std::sqrt(l * l + c * c + h * h + RT * c * h)};
+    return {h1p, h2p, meanH, RT, std::sqrt(l * l + c * c + h * h + RT * c * h), l, c, h};
 }
 
 } // namespace

@@ -14,9 +14,13 @@ float deltaE2000(float L1, float a1, float b1, float L2, float a2, float b2);
 double deltaE2000(double L1, double a1, double b1, double L2, double a2, double b2);
 
 // The hue angles h1', h2' (radians, [0, 2pi)), the mean hue H' with its
-// offset, the rotation term R_T and the result of one evaluation: what a
+// offset, the rotation term R_T, the weighted differences
+// lightness = dL'/S_L, chroma = dC'/S_C and hue = dH'/S_H (signed: positive
+// when the second colour is lighter, more chromatic or turned
+// counter-clockwise from the first) and the result of one evaluation: what a
 // diagnostic needs to see why two colours score as they do. The float
-// overload holds the single-precision values, widened.
+// overload holds the single-precision values, widened, so
+// sqrt(l^2 + c^2 + h^2 + R_T c h) in float gives back its deltaE exactly.
 struct DeltaE2000Terms
 {
     double hue1 = 0.0;
@@ -24,6 +28,9 @@ struct DeltaE2000Terms
     double meanHue = 0.0;
     double rotation = 0.0;
     double deltaE = 0.0;
+    double lightness = 0.0;
+    double chroma = 0.0;
+    double hue = 0.0;
 };
 
 DeltaE2000Terms deltaE2000Terms(float L1, float a1, float b1, float L2, float a2, float b2);

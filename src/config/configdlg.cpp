@@ -1,6 +1,7 @@
 #include "config/configdlg.h"
 
 #include "app/appcontext.h"
+#include "config/colourprofilesgroup.h"
 #include "config/dlgtabpageadvanced.h"
 #include "config/dlgtabpagefolders.h"
 #include "config/dlgtabpagegeneral.h"
@@ -21,6 +22,8 @@ CConfigDlg::CConfigDlg(CAppSettings *settings, const QString &updateAddress, QWi
     m_general = new CDlgTabPageGeneral(settings, updateAddress, m_tabs);
     m_folders = new CDlgTabPageFolders(settings, m_tabs);
     m_advanced = new CDlgTabPageAdvanced(settings, m_tabs);
+    m_profiles = new CColourProfilesGroup(settings, m_advanced);
+    m_advanced->groupLayout()->addWidget(m_profiles);
     m_tabs->addTab(m_general, tr("General"));
     m_tabs->addTab(m_folders, tr("Data Folders"));
     m_tabs->addTab(m_advanced, tr("Advanced"));
@@ -65,6 +68,7 @@ void CConfigDlg::accept()
     const bool general = m_general->applyChanges();
     const bool folders = m_folders->applyChanges();
     const bool advanced = m_advanced->applyChanges();
-    m_changed = general || folders || advanced;
+    const bool profiles = m_profiles->applyChanges();
+    m_changed = general || folders || advanced || profiles;
     QDialog::accept();
 }

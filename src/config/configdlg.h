@@ -3,6 +3,7 @@
 #include <QDialog>
 
 class CAppSettings;
+class CColourProfilesGroup;
 class CDlgTabPage;
 class CDlgTabPageAdvanced;
 class CDlgTabPageFolders;
@@ -29,6 +30,8 @@ public:
     CDlgTabPageGeneral *generalPage() const { return m_general; }
     CDlgTabPageFolders *foldersPage() const { return m_folders; }
     CDlgTabPageAdvanced *advancedPage() const { return m_advanced; }
+    // Added below the Advanced page's own groups.
+    CColourProfilesGroup *profilesGroup() const { return m_profiles; }
     QPushButton *okButton() const { return m_ok; }
     QPushButton *helpButton() const { return m_help; }
     QPushButton *cancelButton() const { return m_cancel; }
@@ -47,6 +50,7 @@ private:
     CDlgTabPageGeneral *m_general = nullptr;
     CDlgTabPageFolders *m_folders = nullptr;
     CDlgTabPageAdvanced *m_advanced = nullptr;
+    CColourProfilesGroup *m_profiles = nullptr;
     QPushButton *m_ok = nullptr;
     QPushButton *m_help = nullptr;
     QPushButton *m_cancel = nullptr;

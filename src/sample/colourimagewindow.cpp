@@ -2,12 +2,16 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "colour/colourprofile.h"
 #include "colour/imageregionaverage.h"
+#include "colour/pickspread.h"
 #include "sample/colourimagewindowview.h"
+#include "sample/dlgexplainmatch.h"
 #include "sample/imagewidget.h"
 #include "sample/libraryselector.h"
 #include "sample/matchresultsview.h"
 #include "sample/multipleselect.h"
+#include "sample/picknotes.h"
 #include "sample/samplepanel.h"
 
 #include <QAction>
@@ -19,6 +23,7 @@
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QSignalMapper>
 #include <QToolBar>
@@ -138,6 +143,8 @@ QWidget *CColourImageWindow::buildPickingSection(QWidget *parent)
     layout->addWidget(buildPickSizeRow(section));
     m_samplePanel = new CSamplePanel(section);
     layout->addWidget(m_samplePanel);
+    m_notes = new CPickNotes(section);
+    layout->addWidget(m_notes);
     layout->addSpacing(kSectionSpacing);
     return section;
 }
@@ -231,6 +238,8 @@ void CColourImageWindow::buildMatchSection(QWidget *parent, QVBoxLayout *layout)
     layout->addLayout(matchRow);
     layout->addSpacing(kSectionSpacing);
     m_results = new CMatchResultsView(m_settings, parent);
+    connect(m_results, &CMatchResultsView::rowMenuAboutToShow, this,
+            &CColourImageWindow::addExplainAction);
     layout->addWidget(m_results, 1);
     layout->addStretch();
 }
@@ -277,7 +286,15 @@ QString CColourImageWindow::title() const
 void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
     m_imagePath = path;
-    m_view->setImage(image);
+    if (m_settings == nullptr || !m_settings->convertToSrgb) {
+        m_notes->showProfile(QString());
+        m_view->setImage(image);
+        return;
+    }
+    // Converted once here, so every pick reads the colours the picture shows.
+    QImage converted = image;
+    m_notes->showProfile(CColourProfile::convertToSrgb(&converted));
+    m_view->setImage(converted);
 }
 
 void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }
@@ -375,6 +392,9 @@ void CColourImageWindow::pickImageRegion(const QRect &imageRect)
     RgbColour average;
     if (!averageImageRegion(m_view->sourceImage(), imageRect, rgbAverage(), &average))
         return;
+    PickSpread spread;
+    if (pickSpread(m_view->sourceImage(), imageRect, average, &spread))
+        m_notes->showSpread(spread);
     if (m_selectionMode == CmdSelectSingle)
         setSample(average, false);
     else
@@ -387,6 +407,7 @@ void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
     m_samplePresent = !clear;
     if (clear) {
         m_samplePanel->showEmpty();
+        m_notes->clearSpread();
         return;
     }
     enableSampleCommands(true);
@@ -514,6 +535,23 @@ void CColourImageWindow::matchSample()
     }
     m_results->showMatches(libraryTable(), m_sample);
     commandButton(CmdAddToLibrary)->setEnabled(true);
+}
+
+void CColourImageWindow::addExplainAction(QMenu *menu, int row)
+{
+    QAction *action = menu->addAction(tr("Explain this match\u2026"));
+    connect(action, &QAction::triggered, this, [this, row]() { explainMatch(row); });
+}
+
+void CColourImageWindow::explainMatch(int row)
+{
+    const CMatchResult *entry = m_results->rowEntry(row);
+    if (entry == nullptr)
+        return;
+    auto *dialog = new CDlgExplainMatch(m_results->matchedSample(), entry->name,
+                                        {entry->red, entry->green, entry->blue}, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
 }
 
 // Nothing is said here: an empty table or no earlier match leaves the shown

@@ -15,10 +15,12 @@ class CLibColourTable;
 class CLibrarySelector;
 class CMatchResultsView;
 class CMultipleSelect;
+class CPickNotes;
 class CSamplePanel;
 class QComboBox;
 class QImage;
 class QLabel;
+class QMenu;
 class QSignalMapper;
 class QTableWidget;
 class QToolBar;
@@ -92,6 +94,8 @@ public:
     QTableWidget *resultsTable() const;
     QLabel *maximumNotice() const { return m_maximumNotice; }
     CSamplePanel *samplePanel() const { return m_samplePanel; }
+    // "Mixed colours" and the converted profile, under the sample.
+    CPickNotes *pickNotes() const { return m_notes; }
     QLabel *swatch() const;
     QWidget *swatchFrame() const;
     QLabel *sampleCaption() const;
@@ -137,6 +141,9 @@ private:
     void enableSampleCommands(bool enable);
     void matchSample();
     void repeatMatchQuietly();
+    // "Explain this match…" on a result row's menu, opening a small window.
+    void addExplainAction(QMenu *menu, int row);
+    void explainMatch(int row);
     void maintainLibrary();
     bool execLibraryMaintenance();
     void addSampleToLibrary();
@@ -154,6 +161,7 @@ private:
     QVector<QToolButton *> m_buttons;
     QComboBox *m_pickSizeCombo = nullptr;
     CSamplePanel *m_samplePanel = nullptr;
+    CPickNotes *m_notes = nullptr;
     QLabel *m_maximumNotice = nullptr;
     CLibrarySelector *m_library = nullptr;
     CMatchResultsView *m_results = nullptr;

@@ -2,9 +2,11 @@
 
 #include "colour/pickgeometry.h"
 #include "sample/colourimagewindowview.h"
+#include "sample/keyboardpick.h"
 #include "sample/multipleselect.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -47,6 +49,7 @@ CImageWidget::CImageWidget(CColourImageWindowView *view) : QLabel(view), m_view(
     setBackgroundRole(QPalette::Base);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     setScaledContents(true);
+    setFocusPolicy(Qt::StrongFocus);
 
     m_pickBox = new QLabel(this);
     m_pickBox->hide();
@@ -64,8 +67,10 @@ CImageWidget::~CImageWidget() = default;
 void CImageWidget::setImageSize(const QSize &size)
 {
     m_imageSize = size;
-    // A new picture starts without marks.
+    // A new picture starts without marks, the keyboard at its first pixel.
     m_marks.clear();
+    m_keyPixel = QPoint(0, 0);
+    m_keyboardActive = false;
     updateGeometry();
     update();
 }
@@ -108,7 +113,7 @@ void CImageWidget::setMouseInside(bool inside)
 
 void CImageWidget::updatePickBoxVisibility()
 {
-    m_pickBox->setVisible(!m_boxSuppressed && m_mouseInside);
+    m_pickBox->setVisible(!m_boxSuppressed && (m_mouseInside || m_keyboardActive));
 }
 
 QPoint CImageWidget::imagePoint(const QPoint &widgetPoint, double factor)
@@ -132,8 +137,16 @@ double CImageWidget::viewFactor() const
 void CImageWidget::mouseMoveEvent(QMouseEvent *event)
 {
     QLabel::mouseMoveEvent(event);
+    // Scrolling under a still cursor sends moves too: while the keys drive
+    // the box, only a cursor that really moved takes it back.
+    const QPoint global = event->globalPos();
+    if (m_keyboardActive && global == m_lastMouseGlobal)
+        return;
+    m_lastMouseGlobal = global;
     const QPoint p = widgetPoint(event);
     showCursorPosition(p);
+    m_keyboardActive = false;
+    m_keyPixel = CKeyboardPick::clamped(imagePoint(p, viewFactor()), m_view->sourceImage().size());
     if (m_rubberBandMode) {
         m_rubberBand->setGeometry(QRect(m_origin, p).normalized());
         return;
@@ -191,7 +204,52 @@ void CImageWidget::leaveEvent(QEvent *event)
 {
     QLabel::leaveEvent(event);
     emit statusMessage(QString());
+    m_keyboardActive = false;
     setMouseInside(false);
+}
+
+void CImageWidget::keyPressEvent(QKeyEvent *event)
+{
+    const QSize size = m_view->sourceImage().size();
+    // Rubber bands are drawn with the mouse; there the keys scroll the view.
+    if (m_rubberBandMode || size.isEmpty()) {
+        QLabel::keyPressEvent(event);
+        return;
+    }
+    if (CKeyboardPick::move(event->key(), event->modifiers(), size, &m_keyPixel)) {
+        m_keyboardActive = true;
+        showKeyboardPosition();
+    } else if (CKeyboardPick::isPickKey(event->key())) {
+        m_keyboardActive = true;
+        showKeyboardPosition();
+        // The square a click on that pixel at actual size reads.
+        pick(clickPickRect(m_keyPixel, 1.0, m_pickSize, size));
+    } else {
+        QLabel::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+void CImageWidget::focusOutEvent(QFocusEvent *event)
+{
+    QLabel::focusOutEvent(event);
+    m_keyboardActive = false;
+    updatePickBoxVisibility();
+}
+
+// The status text and the pick box as the mouse would show them over the
+// keyboard's pixel, and the view scrolled to keep the box in sight.
+void CImageWidget::showKeyboardPosition()
+{
+    emit statusMessage(tr("Cursor Pos XY:(%1,%2)").arg(m_keyPixel.x()).arg(m_keyPixel.y()));
+    const double f = viewFactor();
+    const QPoint centre(truncated((m_keyPixel.x() + 0.5) * f),
+                        truncated((m_keyPixel.y() + 0.5) * f));
+    if (!m_boxSuppressed)
+        movePickBox(centre);
+    const int margin = m_pickBox->width();
+    m_view->ensureVisible(centre.x(), centre.y(), margin, margin);
 }
 
 void CImageWidget::mousePressEvent(QMouseEvent *event)

@@ -45,6 +45,7 @@ public:
     void setBoxSuppressed(bool suppressed);
     void setMouseInside(bool inside);
     QLabel *pickBox() const { return m_pickBox; }
+    QPoint keyboardPixel() const { return m_keyPixel; }
     QRubberBand *rubberBand() const { return m_rubberBand; }
 
     // Redraws the marks of the in-use slots; the picture itself is untouched.
@@ -67,6 +68,9 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    // Arrows move the pick box a pixel (Shift: ten), Space or Enter picks.
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -75,6 +79,7 @@ private:
     void showCursorPosition(const QPoint &point);
     void movePickBox(const QPoint &point);
     void updatePickBoxVisibility();
+    void showKeyboardPosition();
     void startRubberBand(const QPoint &point);
     void pick(const QRect &imageRect);
     QRect exposedImageRect(const QRect &widgetRect) const;
@@ -103,4 +108,9 @@ private:
     QPoint m_origin;
     QSize m_imageSize;
     QVector<SelectionMark> m_marks;
+    // The image pixel the keyboard picks: where the mouse last was, moved by
+    // the arrow keys. While the keys drive it the box shows there.
+    QPoint m_keyPixel;
+    bool m_keyboardActive = false;
+    QPoint m_lastMouseGlobal;
 };

@@ -8,12 +8,24 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
 const int kSwatchColumnWidth = 34;
 const int kDefaultRows = 4;
+// The results style sheet pads every item by 5 pixels left and right and 3
+// above and below; a cell widget gets the cell less that padding (and the
+// grid line), while the rows size themselves by the widgets' own hints.
+const int kItemPadding = 10;
+const int kItemVerticalPadding = 6 + 1;
+// Names longer than about this many average characters wrap.
+const int kNameWrapChars = 30;
 
 } // namespace
 
@@ -35,6 +47,8 @@ CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *pare
     verticalHeader()->hide();
     setSelectionMode(QAbstractItemView::NoSelection);
     setFocusPolicy(Qt::NoFocus);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, &CMatchResultsView::showRowMenu);
 }
 
 void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &sample)
@@ -44,9 +58,12 @@ void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &
     const int rows = CColourMatcher::rowsToShow(results, maxRecords);
     setUpdatesEnabled(false);
     setRowCount(0);
+    m_rows = results.mid(0, rows);
+    m_sample = sample;
     for (int i = 0; i < rows; ++i)
         showRow(results.at(i));
     setInterpretationToolTip();
+    fitWidthToContents();
     setUpdatesEnabled(true);
 }
 
@@ -84,6 +101,83 @@ void CMatchResultsView::setInterpretationToolTip()
 
 void CMatchResultsView::clearResults()
 {
+    m_rows.clear();
     clearContents();
     setRowCount(0);
+}
+
+const CMatchResult *CMatchResultsView::rowEntry(int row) const
+{
+    if (row < 0 || row >= m_rows.size() || row >= rowCount())
+        return nullptr;
+    return &m_rows.at(row);
+}
+
+QMenu *CMatchResultsView::buildRowMenu(int row)
+{
+    if (rowEntry(row) == nullptr)
+        return nullptr;
+    auto *menu = new QMenu(this);
+    emit rowMenuAboutToShow(menu, row);
+    return menu;
+}
+
+void CMatchResultsView::showRowMenu(const QPoint &pos)
+{
+    QMenu *menu = buildRowMenu(rowAt(pos.y()));
+    if (menu == nullptr)
+        return;
+    if (!menu->isEmpty())
+        menu->exec(viewport()->mapToGlobal(pos));
+    menu->deleteLater();
+}
+
+void CMatchResultsView::fitNameLabel(QLabel *label) const
+{
+    const int limit = label->fontMetrics().averageCharWidth() * kNameWrapChars;
+    if (label->sizeHint().width() <= limit)
+        return;
+    label->setWordWrap(true);
+    label->setFixedWidth(limit);
+    label->setMinimumHeight(label->heightForWidth(limit));
+}
+
+void CMatchResultsView::fitWidthToContents()
+{
+    // Measured as shown: the table's style sheet reaches the labels only
+    // once they are polished.
+    int need = 0;
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 1; column <= 2; ++column) {
+            QWidget *cell = cellWidget(row, column);
+            if (cell == nullptr)
+                continue;
+            cell->ensurePolished();
+            if (column == 1 && !cell->findChildren<QLabel *>().isEmpty())
+                fitNameLabel(cell->findChildren<QLabel *>().first());
+            // Columns 1 and 2 stretch to equal widths: both get the wider need.
+            need = std::max(need, cell->sizeHint().width() + kItemPadding);
+        }
+    }
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const int width = kSwatchColumnWidth + 2 * need + 2 * frameWidth() + scrollBar;
+    setMinimumWidth(std::max(width, minimumWidth()));
+    for (int row = 0; row < rowCount(); ++row)
+        reserveRowHeight(row);
+    resizeRowsToContents();
+}
+
+// An empty item under the row's widgets asks for their height plus the
+// padding, so that the widgets get all of their own height.
+void CMatchResultsView::reserveRowHeight(int row)
+{
+    int height = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        if (const QWidget *cell = cellWidget(row, column))
+            height = std::max(height, cell->sizeHint().height());
+    }
+    auto *spacer = new QTableWidgetItem;
+    spacer->setFlags(Qt::NoItemFlags);
+    spacer->setSizeHint(QSize(0, height + kItemVerticalPadding));
+    setItem(row, 1, spacer);
 }

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "colour/rgbcolour.h"
+#include "tables/colourmatcher.h"
 
 #include <QTableWidget>
+#include <QVector>
 
 class CAppSettings;
 class CColourTable;
-struct CMatchResult;
+class QLabel;
+class QMenu;
 
 // The match results of the sampling page: one row per close library entry
 // (swatch, name with its RGB and Lab lines, percent or ΔE with the verdict),
@@ -28,9 +31,31 @@ public:
     // Removes every row and its contents.
     void clearResults();
 
+    // The entry behind a shown row (null for a row not shown), and the
+    // sample it was matched against.
+    const CMatchResult *rowEntry(int row) const;
+    RgbColour matchedSample() const { return m_sample; }
+    // The pop-up menu of a shown row, filled by the rowMenuAboutToShow
+    // connections; null for a row that is not shown.
+    QMenu *buildRowMenu(int row);
+
+signals:
+    // A row's menu is built: connections add their entries.
+    void rowMenuAboutToShow(QMenu *menu, int row);
+
 private:
     void showRow(const CMatchResult &record);
     void setInterpretationToolTip();
+    void showRowMenu(const QPoint &pos);
+    // Names wider than this wrap instead of widening the panel further.
+    void fitNameLabel(QLabel *label) const;
+    // Wide enough that every shown row's name, details and verdict show
+    // whole: the page's panel grows with the table, the picture keeps the rest.
+    void fitWidthToContents();
+    void reserveRowHeight(int row);
 
     const CAppSettings *m_settings = nullptr;
+    // The entries behind the rows shown, in row order.
+    QVector<CMatchResult> m_rows;
+    RgbColour m_sample;
 };

@@ -39,6 +39,8 @@ private slots:
     void wrongTypesReadAsZeroOrFalse();
     void saveWritesEveryKey_data();
     void saveWritesEveryKey();
+    void profileConversionIsOffByDefault();
+    void profileConversionIsReadAndSaved();
     void saveWritesMainWindowRectFromFramePositionAndClientSize();
     void nothingIsWrittenBeforeSave();
 
@@ -167,6 +169,28 @@ void TestAppSettings::wrongTypesReadAsZeroOrFalse()
     CAppSettings settings;
     QCOMPARE(settings.maxRecordsDisplay, 0);
     QCOMPARE(settings.rgbAverage, false);
+}
+
+void TestAppSettings::profileConversionIsOffByDefault()
+{
+    CAppSettings settings;
+    QCOMPARE(settings.convertToSrgb, false);
+    settings.save(nullptr);
+    QCOMPARE(StoredSettings::value("Colour/convertToSrgb").toBool(), false);
+    QVERIFY(StoredSettings::contains("Colour/convertToSrgb"));
+}
+
+void TestAppSettings::profileConversionIsReadAndSaved()
+{
+    StoredSettings::setValue("Colour/convertToSrgb", true);
+    {
+        CAppSettings settings;
+        QCOMPARE(settings.convertToSrgb, true);
+        settings.convertToSrgb = false;
+        QCOMPARE(StoredSettings::value("Colour/convertToSrgb").toBool(), true);
+        settings.save(nullptr);
+    }
+    QCOMPARE(StoredSettings::value("Colour/convertToSrgb").toBool(), false);
 }
 
 void TestAppSettings::saveWritesEveryKey_data()

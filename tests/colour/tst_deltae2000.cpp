@@ -134,6 +134,8 @@ class TestDeltaE2000 : public QObject
 private slots:
     void publishedPairs_data();
     void publishedPairs();
+    void weightedTermsGiveBackTheSquaredDifference_data();
+    void weightedTermsGiveBackTheSquaredDifference();
     void identicalColoursGiveZero_data();
     void identicalColoursGiveZero();
     void neutralGreysDifferOnlyInLightness_data();
@@ -247,6 +249,34 @@ void TestDeltaE2000::publishedPairs()
     // The whole turn moves only the rotation term, and at this chroma by less
     // than the published precision.
     QVERIFY(std::fabs(kept.deltaE - textbook.deltaE) < 1e-9);
+}
+
+void TestDeltaE2000::weightedTermsGiveBackTheSquaredDifference_data()
+{
+    publishedPairs_data();
+}
+
+// l^2 + c^2 + h^2 + R_T c h is dE^2: summed in float it gives back the very
+// single-precision result, and it stays within float rounding of its square.
+void TestDeltaE2000::weightedTermsGiveBackTheSquaredDifference()
+{
+    QFETCH(QVector<double>, lab);
+    const float single = deltaE2000(float(lab[0]), float(lab[1]), float(lab[2]), float(lab[3]),
+                                    float(lab[4]), float(lab[5]));
+    const DeltaE2000Terms t = deltaE2000Terms(float(lab[0]), float(lab[1]), float(lab[2]),
+                                              float(lab[3]), float(lab[4]), float(lab[5]));
+    const float l = float(t.lightness);
+    const float c = float(t.chroma);
+    const float h = float(t.hue);
+    const float rt = float(t.rotation);
+    const float squared = l * l + c * c + h * h + rt * c * h;
+    QCOMPARE(std::sqrt(squared), single);
+    QVERIFY(std::fabs(double(squared) - double(single) * double(single))
+            <= 1e-5 * double(single) * double(single) + 1e-9);
+    // The lightness term alone is dL / S_L, recomputed here from the pair.
+    const double meanL = (lab[0] + lab[3]) / 2.0 - 50.0;
+    const double sl = 1.0 + 0.015 * meanL * meanL / std::sqrt(20.0 + meanL * meanL);
+    QVERIFY(std::fabs(t.lightness - (lab[3] - lab[0]) / sl) < 1e-4);
 }
 
 void TestDeltaE2000::identicalColoursGiveZero_data()

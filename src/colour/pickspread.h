@@ -1,0 +1,31 @@
+#pragma once
+
+#include "colour/rgbcolour.h"
+
+#include <QImage>
+#include <QRect>
+#include <QtGlobal>
+
+// How far the pixels of a pick lie from their average: the single-precision
+// CIEDE2000 (average first, pixel second, as matching orders entry and
+// sample) of every pixel of the region, summarised as a mean and a 95th
+// percentile. A pick straddling two colours shows a large percentile.
+struct PickSpread
+{
+    qint64 pixels = 0;
+    double mean = 0.0;
+    // Nearest-rank 95th percentile, read from a histogram of 0.0001 wide
+    // bins: the true value truncated to four decimals (values above 200 all
+    // count as 200).
+    double p95 = 0.0;
+
+    // Above this the pick is called "mixed".
+    static constexpr double kMixedAbove = 5.0;
+    bool mixed() const { return p95 > kMixedAbove; }
+};
+
+// Reads the part of region inside the image, 8-bit R, G, B with alpha
+// ignored, as averageImageRegion does. Returns false and leaves result alone
+// when that holds no pixels (or result is null).
+bool pickSpread(const QImage &image, const QRect &region, const RgbColour &average,
+                PickSpread *result);
