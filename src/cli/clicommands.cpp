@@ -1,5 +1,6 @@
 #include "cli/clicommands.h"
 
+#include "cli/cliconvertcommand.h"
 #include "cli/cliconversioncommands.h"
 #include "cli/clioutput.h"
 #include "cli/clisamplecommand.h"
@@ -56,6 +57,7 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("table"), CCliTableCommands::table},
         {QStringLiteral("match"), CCliTableCommands::match},
         {QStringLiteral("sample"), CCliSampleCommand::run},
+        {QStringLiteral("convert"), CCliConvertCommand::run},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -94,6 +96,10 @@ QString CCliCommands::usage()
         "        [--average rgb|lab] [--table FILE [--count N]]\n"
         "                              average colour of a click or rubber band\n"
         "                              at 100% zoom, and its closest colours\n"
+        "  convert IN OUT [--from F] [--to F] [--force]\n"
+        "                              copy colours between formats, chosen by\n"
+        "                              suffix or F: clrtable, txt, csv, gpl, ase,\n"
+        "                              css, json; OUT is replaced only with --force\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"
