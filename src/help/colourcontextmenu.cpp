@@ -1,0 +1,45 @@
+#include "help/colourcontextmenu.h"
+
+#include "palette/colourcopytext.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace {
+
+// "&" would become a mnemonic in a menu label.
+QString menuText(const QString &text)
+{
+    QString out = text;
+    return out.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+CColourContextMenu::CColourContextMenu(QWidget *parent) : QMenu(parent)
+{
+}
+
+QAction *CColourContextMenu::addCopyAction(const QString &text, const QString &label)
+{
+    const QString shown = label.isEmpty() ? tr("Copy %1").arg(menuText(text)) : label;
+    QAction *action = addAction(shown);
+    connect(action, &QAction::triggered, this,
+            [text]() { QApplication::clipboard()->setText(text); });
+    return action;
+}
+
+void CColourContextMenu::addSampleActions(const RgbColour &colour, int rgbFormat)
+{
+    addCopyAction(CColourCopyText::hex(colour));
+    addCopyAction(CColourCopyText::cssRgb(colour));
+    addCopyAction(CColourCopyText::rgbText(colour, rgbFormat));
+    addCopyAction(CColourCopyText::labText(colour));
+}
+
+void CColourContextMenu::addEntryActions(const QString &name, const RgbColour &colour)
+{
+    addCopyAction(name, tr("Copy Name \"%1\"").arg(menuText(name)));
+    addCopyAction(CColourCopyText::hex(colour));
+    addCopyAction(CColourCopyText::labText(colour));
+}

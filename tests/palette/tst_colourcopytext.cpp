@@ -1,0 +1,78 @@
+#include "colour/colourformat.h"
+#include "palette/colourcopytext.h"
+
+#include <QtTest>
+
+class TestColourCopyText : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void hexIsTheColoursName();
+    void cssRgbUsesTheSameBytesAsHex_data();
+    void cssRgbUsesTheSameBytesAsHex();
+    void rgbTextFollowsTheDisplayFormat_data();
+    void rgbTextFollowsTheDisplayFormat();
+    void labTextHasTwoDecimals();
+    void outOfRangeEntriesAreClampedForCopying();
+};
+
+void TestColourCopyText::hexIsTheColoursName()
+{
+    const RgbColour c{30 / 255.0, 144 / 255.0, 1.0};
+    QCOMPARE(CColourCopyText::hex(c), QStringLiteral("#1e90ff"));
+    QCOMPARE(CColourCopyText::hex(c), colourName(c.red, c.green, c.blue));
+}
+
+void TestColourCopyText::cssRgbUsesTheSameBytesAsHex_data()
+{
+    QTest::addColumn<double>("v");
+    for (double v : {0.0, 0.0039, 0.0078, 0.5, 0.502, 0.999, 1.0})
+        QTest::newRow(qPrintable(QString::number(v))) << v;
+}
+
+void TestColourCopyText::cssRgbUsesTheSameBytesAsHex()
+{
+    QFETCH(double, v);
+    const RgbColour c{v, 1.0 - v, v / 2};
+    const QString hex = CColourCopyText::hex(c);
+    const QString expected = QStringLiteral("rgb(%1, %2, %3)")
+                                 .arg(hex.midRef(1, 2).toInt(nullptr, 16))
+                                 .arg(hex.midRef(3, 2).toInt(nullptr, 16))
+                                 .arg(hex.midRef(5, 2).toInt(nullptr, 16));
+    QCOMPARE(CColourCopyText::cssRgb(c), expected);
+}
+
+void TestColourCopyText::rgbTextFollowsTheDisplayFormat_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("integer") << 0 << "R:127, G:255, B:0";
+    QTest::newRow("decimal") << 1 << "R:0.50, G:1.00, B:0.00";
+    QTest::newRow("hex") << 2 << "R:0x7f, G:0xff, B:0x00";
+}
+
+void TestColourCopyText::rgbTextFollowsTheDisplayFormat()
+{
+    QFETCH(int, format);
+    QFETCH(QString, text);
+    QCOMPARE(CColourCopyText::rgbText({0.5, 1.0, 0.0}, format), text);
+}
+
+void TestColourCopyText::labTextHasTwoDecimals()
+{
+    const QStringList lab = formatLab(30 / 255.0, 144 / 255.0, 1.0, 2);
+    QCOMPARE(CColourCopyText::labText({30 / 255.0, 144 / 255.0, 1.0}),
+             QStringLiteral("L:%1, a:%2, b:%3").arg(lab.at(0), lab.at(1), lab.at(2)));
+    QVERIFY(lab.at(0).contains(QRegularExpression(QStringLiteral("^\\d+\\.\\d\\d$"))));
+    QCOMPARE(CColourCopyText::labText({0.0, 0.0, 0.0}), QStringLiteral("L:0.00, a:0.00, b:0.00"));
+}
+
+void TestColourCopyText::outOfRangeEntriesAreClampedForCopying()
+{
+    QCOMPARE(CColourCopyText::hex({1.2, -0.1, 0.5}), QStringLiteral("#ff0080"));
+    QCOMPARE(CColourCopyText::cssRgb({1.2, -0.1, 0.5}), QStringLiteral("rgb(255, 0, 128)"));
+}
+
+QTEST_GUILESS_MAIN(TestColourCopyText)
+#include "tst_colourcopytext.moc"
