@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/imageregionaverage.h"
+#include "palette/colourcopytext.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/imagewidget.h"
 #include "sample/libraryselector.h"
@@ -11,6 +12,8 @@
 #include "sample/samplepanel.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -72,6 +75,7 @@ CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
     layout->addWidget(m_view);
     fillLibraryCombo();
     resetPage(true);
+    addClipboardShortcuts();
 }
 
 CColourImageWindow::~CColourImageWindow() = default;
@@ -262,6 +266,8 @@ QLabel *CColourImageWindow::sampleValueCaption(int index) const
 
 QString CColourImageWindow::title() const
 {
+    if (m_pasted)
+        return tr("Pasted image") + QStringLiteral(" - ");
     if (m_imagePath.isEmpty())
         return QString();
     const QFileInfo info(m_imagePath);
@@ -277,7 +283,46 @@ QString CColourImageWindow::title() const
 void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
     m_imagePath = path;
+    m_pasted = false;
     m_view->setImage(image);
+}
+
+void CColourImageWindow::showPastedImage(const QImage &image)
+{
+    m_imagePath.clear();
+    m_pasted = true;
+    m_view->setImage(image);
+}
+
+// Two keys the page's own commands leave free, active wherever the focus
+// is on the page.
+void CColourImageWindow::addClipboardShortcuts()
+{
+    auto *copy = new QAction(this);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(copy, &QAction::triggered, this, &CColourImageWindow::copySample);
+    auto *paste = new QAction(this);
+    paste->setShortcut(QKeySequence::Paste);
+    paste->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(paste, &QAction::triggered, this, &CColourImageWindow::pasteImage);
+    addActions({copy, paste});
+}
+
+void CColourImageWindow::copySample()
+{
+    if (m_samplePresent)
+        QApplication::clipboard()->setText(CColourCopyText::hex(m_sample));
+}
+
+void CColourImageWindow::pasteImage()
+{
+    const QImage image = QApplication::clipboard()->image();
+    if (image.isNull()) {
+        emit statusMessage(tr("The clipboard holds no picture."));
+        return;
+    }
+    emit imagePasted(image);
 }
 
 void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }

@@ -47,6 +47,15 @@ public:
 
     // Shows a newly opened image (path for the title, image for the view).
     void showImage(const QString &path, const QImage &image);
+    // Shows a picture that came from the clipboard: it has no file, and
+    // the title calls it "Pasted image".
+    void showPastedImage(const QImage &image);
+    bool isPastedImage() const { return m_pasted; }
+    // Ctrl+C: the sample as "#rrggbb" on the clipboard (nothing without one).
+    void copySample();
+    // Ctrl+V: signals the clipboard's picture to be shown, or says in the
+    // status bar that there is none.
+    void pasteImage();
     // Main window zoom commands 6, 7, 8.
     void zoomStep(int command);
     int zoomIndex() const;
@@ -106,6 +115,8 @@ signals:
     void statusMessage(const QString &text);
     // "Add Colour to DataSet" with the current sample.
     void addToDataSetRequested(double red, double green, double blue);
+    // Ctrl+V found a picture on the clipboard.
+    void imagePasted(const QImage &image);
 
 public slots:
     void processCommand(int action);
@@ -127,6 +138,7 @@ private:
     QWidget *buildMultipleSection(QWidget *parent);
     void buildMatchSection(QWidget *parent, QVBoxLayout *layout);
     void connectView();
+    void addClipboardShortcuts();
 
     void setPickMode(int command);
     void setSelectionMode(int command);
@@ -164,4 +176,5 @@ private:
     RgbColour m_sample;
     bool m_samplePresent = false;
     bool m_matched = false;
+    bool m_pasted = false;
 };

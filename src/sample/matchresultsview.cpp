@@ -3,6 +3,7 @@
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
 #include "colour/matchscore.h"
+#include "sample/colourcontextmenu.h"
 #include "sample/colourtexts.h"
 #include "tables/colourmatcher.h"
 
@@ -35,6 +36,8 @@ CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *pare
     verticalHeader()->hide();
     setSelectionMode(QAbstractItemView::NoSelection);
     setFocusPolicy(Qt::NoFocus);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, &CMatchResultsView::showRowMenu);
 }
 
 void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &sample)
@@ -44,6 +47,7 @@ void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &
     const int rows = CColourMatcher::rowsToShow(results, maxRecords);
     setUpdatesEnabled(false);
     setRowCount(0);
+    m_rows = results.mid(0, rows);
     for (int i = 0; i < rows; ++i)
         showRow(results.at(i));
     setInterpretationToolTip();
@@ -84,6 +88,27 @@ void CMatchResultsView::setInterpretationToolTip()
 
 void CMatchResultsView::clearResults()
 {
+    m_rows.clear();
     clearContents();
     setRowCount(0);
+}
+
+CColourContextMenu *CMatchResultsView::buildRowMenu(int row)
+{
+    if (row < 0 || row >= m_rows.size() || row >= rowCount())
+        return nullptr;
+    const CMatchResult &entry = m_rows.at(row);
+    auto *menu = new CColourContextMenu(this);
+    menu->addEntryActions(entry.name, {entry.red, entry.green, entry.blue});
+    emit rowMenuAboutToShow(menu, row);
+    return menu;
+}
+
+void CMatchResultsView::showRowMenu(const QPoint &pos)
+{
+    CColourContextMenu *menu = buildRowMenu(rowAt(pos.y()));
+    if (!menu)
+        return;
+    menu->exec(viewport()->mapToGlobal(pos));
+    menu->deleteLater();
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "colour/rgbcolour.h"
+#include "tables/colourmatcher.h"
 
 #include <QTableWidget>
+#include <QVector>
 
 class CAppSettings;
+class CColourContextMenu;
 class CColourTable;
-struct CMatchResult;
 
 // The match results of the sampling page: one row per close library entry
 // (swatch, name with its RGB and Lab lines, percent or ΔE with the verdict),
@@ -28,9 +30,21 @@ public:
     // Removes every row and its contents.
     void clearResults();
 
+    // The pop-up menu of a shown row: the entry's name, hex and L*a*b*
+    // text, then whatever the rowMenuAboutToShow connections add. Null
+    // for a row that is not shown.
+    CColourContextMenu *buildRowMenu(int row);
+
+signals:
+    // A row's menu is built: connections may add their own entries.
+    void rowMenuAboutToShow(CColourContextMenu *menu, int row);
+
 private:
     void showRow(const CMatchResult &record);
     void setInterpretationToolTip();
+    void showRowMenu(const QPoint &pos);
 
     const CAppSettings *m_settings = nullptr;
+    // The entries behind the rows shown, in row order.
+    QVector<CMatchResult> m_rows;
 };

@@ -11,9 +11,6 @@ private slots:
     void hexIsTheColoursName();
     void cssRgbUsesTheSameBytesAsHex_data();
     void cssRgbUsesTheSameBytesAsHex();
-    void rgbTextFollowsTheDisplayFormat_data();
-    void rgbTextFollowsTheDisplayFormat();
-    void labTextHasTwoDecimals();
     void outOfRangeEntriesAreClampedForCopying();
 };
 
@@ -41,31 +38,6 @@ void TestColourCopyText::cssRgbUsesTheSameBytesAsHex()
                                  .arg(hex.midRef(3, 2).toInt(nullptr, 16))
                                  .arg(hex.midRef(5, 2).toInt(nullptr, 16));
     QCOMPARE(CColourCopyText::cssRgb(c), expected);
-}
-
-void TestColourCopyText::rgbTextFollowsTheDisplayFormat_data()
-{
-    QTest::addColumn<int>("format");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("integer") << 0 << "R:127, G:255, B:0";
-    QTest::newRow("decimal") << 1 << "R:0.50, G:1.00, B:0.00";
-    QTest::newRow("hex") << 2 << "R:0x7f, G:0xff, B:0x00";
-}
-
-void TestColourCopyText::rgbTextFollowsTheDisplayFormat()
-{
-    QFETCH(int, format);
-    QFETCH(QString, text);
-    QCOMPARE(CColourCopyText::rgbText({0.5, 1.0, 0.0}, format), text);
-}
-
-void TestColourCopyText::labTextHasTwoDecimals()
-{
-    const QStringList lab = formatLab(30 / 255.0, 144 / 255.0, 1.0, 2);
-    QCOMPARE(CColourCopyText::labText({30 / 255.0, 144 / 255.0, 1.0}),
-             QStringLiteral("L:%1, a:%2, b:%3").arg(lab.at(0), lab.at(1), lab.at(2)));
-    QVERIFY(lab.at(0).contains(QRegularExpression(QStringLiteral("^\\d+\\.\\d\\d$"))));
-    QCOMPARE(CColourCopyText::labText({0.0, 0.0, 0.0}), QStringLiteral("L:0.00, a:0.00, b:0.00"));
 }
 
 void TestColourCopyText::outOfRangeEntriesAreClampedForCopying()

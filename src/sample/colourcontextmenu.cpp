@@ -1,6 +1,7 @@
-#include "help/colourcontextmenu.h"
+#include "sample/colourcontextmenu.h"
 
 #include "palette/colourcopytext.h"
+#include "sample/colourtexts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -33,13 +34,18 @@ void CColourContextMenu::addSampleActions(const RgbColour &colour, int rgbFormat
 {
     addCopyAction(CColourCopyText::hex(colour));
     addCopyAction(CColourCopyText::cssRgb(colour));
-    addCopyAction(CColourCopyText::rgbText(colour, rgbFormat));
-    addCopyAction(CColourCopyText::labText(colour));
+    addCopyAction(CColourTexts::rgbLine(colour, rgbFormat));
+    addCopyAction(CColourTexts::labLine(colour));
+}
+
+QAction *CColourContextMenu::addEntryNameAction(const QString &name)
+{
+    return addCopyAction(name, tr("Copy Name \"%1\"").arg(menuText(name)));
 }
 
 void CColourContextMenu::addEntryActions(const QString &name, const RgbColour &colour)
 {
-    addCopyAction(name, tr("Copy Name \"%1\"").arg(menuText(name)));
+    addEntryNameAction(name);
     addCopyAction(CColourCopyText::hex(colour));
-    addCopyAction(CColourCopyText::labText(colour));
+    addCopyAction(CColourTexts::labLine(colour));
 }

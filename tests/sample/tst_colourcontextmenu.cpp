@@ -1,5 +1,6 @@
-#include "help/colourcontextmenu.h"
 #include "palette/colourcopytext.h"
+#include "sample/colourcontextmenu.h"
+#include "sample/colourtexts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -41,7 +42,7 @@ void TestColourContextMenu::sampleMenuCopiesHexRgbDisplayTextAndLab()
     CColourContextMenu menu;
     menu.addSampleActions(c, 2);
     const QStringList texts{QStringLiteral("#1e90ff"), QStringLiteral("rgb(30, 144, 255)"),
-                            QStringLiteral("R:0x1e, G:0x90, B:0xff"), CColourCopyText::labText(c)};
+                            QStringLiteral("R:0x1e, G:0x90, B:0xff"), CColourTexts::labLine(c)};
     QCOMPARE(labels(menu), QStringList({"Copy " + texts.at(0), "Copy " + texts.at(1),
                                         "Copy " + texts.at(2), "Copy " + texts.at(3)}));
     for (int i = 0; i < texts.size(); ++i) {
@@ -62,7 +63,7 @@ void TestColourContextMenu::entryMenuCopiesNameHexAndLab()
     menu.actions().at(1)->trigger();
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("#ff8000"));
     menu.actions().at(2)->trigger();
-    QCOMPARE(QApplication::clipboard()->text(), CColourCopyText::labText(c));
+    QCOMPARE(QApplication::clipboard()->text(), CColourTexts::labLine(c));
 }
 
 void TestColourContextMenu::ampersandInANameIsShownNotTakenAsAMnemonic()

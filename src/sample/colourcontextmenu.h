@@ -17,6 +17,9 @@ public:
     // Adds "Copy <text>" (or the given label) that copies text.
     QAction *addCopyAction(const QString &text, const QString &label = QString());
 
+    // "Copy Name "<name>"" copying the name.
+    QAction *addEntryNameAction(const QString &name);
+
     // The entries for a colour: hex, rgb(), the RGB text in the display
     // format and the L*a*b* text.
     void addSampleActions(const RgbColour &colour, int rgbFormat);
