@@ -1,6 +1,7 @@
 #include "cli/clicommands.h"
 
 #include "cli/cliconversioncommands.h"
+#include "cli/cliimportcommand.h"
 #include "cli/clioutput.h"
 #include "cli/clisamplecommand.h"
 #include "cli/clitablecommands.h"
@@ -56,6 +57,7 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("table"), CCliTableCommands::table},
         {QStringLiteral("match"), CCliTableCommands::match},
         {QStringLiteral("sample"), CCliSampleCommand::run},
+        {QStringLiteral("import-config"), CCliImportCommand::run},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -94,6 +96,11 @@ QString CCliCommands::usage()
         "        [--average rgb|lab] [--table FILE [--count N]]\n"
         "                              average colour of a click or rubber band\n"
         "                              at 100% zoom, and its closest colours\n"
+        "  import-config FILE [--out TABLE [--force]]\n"
+        "                              turn a Quillon .config colour list into a\n"
+        "                              library table: print it as it would be\n"
+        "                              saved, or write it to the file TABLE\n"
+        "                              (an existing file only with --force)\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"
