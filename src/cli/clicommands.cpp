@@ -2,6 +2,7 @@
 
 #include "cli/cliconvertcommand.h"
 #include "cli/cliconversioncommands.h"
+#include "cli/cliimportcommand.h"
 #include "cli/clioutput.h"
 #include "cli/clisamplecommand.h"
 #include "cli/clitablecommands.h"
@@ -58,6 +59,7 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("match"), CCliTableCommands::match},
         {QStringLiteral("sample"), CCliSampleCommand::run},
         {QStringLiteral("convert"), CCliConvertCommand::run},
+        {QStringLiteral("import-config"), CCliImportCommand::run},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -100,6 +102,11 @@ QString CCliCommands::usage()
         "                              copy colours between formats, chosen by\n"
         "                              suffix or F: clrtable, txt, csv, gpl, ase,\n"
         "                              css, json; OUT is replaced only with --force\n"
+        "  import-config FILE [--out TABLE [--force]]\n"
+        "                              turn a Quillon .config colour list into a\n"
+        "                              library table: print it as it would be\n"
+        "                              saved, or write it to the file TABLE\n"
+        "                              (an existing file only with --force)\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"
