@@ -19,6 +19,7 @@ private slots:
     void malformedEntry_data();
     void malformedEntry();
     void syntaxErrorNamesItsLine();
+    void repeatedKeysBeforeASyntaxErrorNameTheLine();
     void fileThatIsNotAJsonColourListIsNamedSo_data();
     void fileThatIsNotAJsonColourListIsNamedSo();
     void emptyArrayIsAnEmptyPalette();
@@ -111,6 +112,20 @@ void TestJsonPalette::syntaxErrorNamesItsLine()
     QCOMPARE(r.status(), CPaletteReadResult::BadPart);
     QCOMPARE(r.kind(), QStringLiteral("line"));
     QCOMPARE(r.position(), 3);
+}
+
+// Found by fuzzing: repeated keys in one object, then a missing colon.
+void TestJsonPalette::repeatedKeysBeforeASyntaxErrorNameTheLine()
+{
+    const QByteArray file = "[\n {\"nBme\": \"Dodger Blue\", \"hex\": \"#1e90ff\", "
+                            "\"rgb\": [30, 144, 255], \"hex\": \"#1e90ff\", "
+                            "\"rgb\": [30, 144, 255], \"lab\": [11.38, 9.96, -63.39]},\n"
+                            " {\"name\"20, -30]}\n]\n";
+    const CPaletteReadResult r = CJsonPalette::read(file);
+    QCOMPARE(r.status(), CPaletteReadResult::BadPart);
+    QCOMPARE(r.kind(), QStringLiteral("line"));
+    QCOMPARE(r.position(), 3);
+    QVERIFY(r.palette().colours.isEmpty());
 }
 
 void TestJsonPalette::fileThatIsNotAJsonColourListIsNamedSo_data()
