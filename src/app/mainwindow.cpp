@@ -9,10 +9,13 @@
 #include "help/helpwindow.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
+#include "sample/imagedrop.h"
 #include "sample/imagesource.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QKeySequence>
 #include <QMenu>
@@ -120,6 +123,7 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     m_imageSource = new CImageSource(m_settings.get(), this);
     connect(m_imageSource, &CImageSource::fileOpened, this, &CMainWindow::rememberRecentFile);
     setWindowTitle(m_versionTitle);
+    setAcceptDrops(true);
     statusBar()->showMessage(tr("Ready"));
 
     m_samplingPage = new CColourImageWindow(m_settings.get(), this);
@@ -159,6 +163,7 @@ void CMainWindow::connectPages()
             &CMainWindow::enableZoomCommands);
     connect(m_samplingPage, &CColourImageWindow::statusMessage, this,
             [this](const QString &text) { statusBar()->showMessage(text, 0); });
+    connect(m_samplingPage, &CColourImageWindow::imagePasted, this, &CMainWindow::showPastedImage);
     connect(m_samplingPage, &CColourImageWindow::addToDataSetRequested, this,
             &CMainWindow::addColourToDataSet);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
@@ -346,6 +351,29 @@ void CMainWindow::showOpenedImage()
     m_tabWidget->setCurrentIndex(m_samplingIndex);
     updateTitle();
     refreshRecentFiles();
+}
+
+void CMainWindow::showPastedImage(const QImage &image)
+{
+    m_samplingPage->showPastedImage(image);
+    m_tabWidget->setCurrentIndex(m_samplingIndex);
+    updateTitle();
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    // Everything is taken, so that what cannot be opened is said so.
+    event->acceptProposedAction();
+}
+
+void CMainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    const QString path = CImageDrop::localFile(event->mimeData());
+    if (path.isEmpty())
+        m_imageSource->warnUnreadable(CImageDrop::describe(event->mimeData()));
+    else if (m_imageSource->open(CmdOpenImage, path))
+        showOpenedImage();
 }
 
 void CMainWindow::openRecentFile()

@@ -15,6 +15,7 @@ class CColourImageWindow;
 class CHelpWindow;
 class CImageSource;
 class QAction;
+class QImage;
 class QMenu;
 class QSignalMapper;
 class QTabWidget;
@@ -71,8 +72,14 @@ public slots:
     void clearRecentFilesList();
     void currentTabChanged(int index);
 
+    // Ctrl+V on the sampling page: shows the clipboard's picture.
+    void showPastedImage(const QImage &image);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
+    // Image files dropped on the window open as "Open Image" would open them.
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void buildToolBar(const QList<QWidget *> &extraWidgets = QList<QWidget *>());

@@ -59,11 +59,16 @@ bool CTableMessages::save(QWidget *parent, CColourTable &table, const QString &p
             return false;
     }
     if (!table.write(path)) {
-        QMessageBox::critical(parent, AppContext::productName(), tr("Error, writing to file: %1.").arg(path),
-                              QMessageBox::Ok);
+        showWriteError(parent, path);
         return false;
     }
     return true;
+}
+
+void CTableMessages::showWriteError(QWidget *parent, const QString &path)
+{
+    QMessageBox::critical(parent, AppContext::productName(), tr("Error, writing to file: %1.").arg(path),
+                          QMessageBox::Ok);
 }
 
 void CTableMessages::fillLibraryCombo(const QString &folder, QComboBox *combo)

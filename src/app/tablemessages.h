@@ -32,6 +32,8 @@ public:
     // asks before replacing an existing file; a failed write is reported.
     static bool save(QWidget *parent, CColourTable &table, const QString &path,
                      bool overwriteWithoutAsking);
+    // The box of a write that failed: "Error, writing to file: <path>.".
+    static void showWriteError(QWidget *parent, const QString &path);
 
     // Replaces the combo's items by the library tables of folder: display
     // name as text, canonical path as item data.

@@ -1,6 +1,8 @@
 #include "cli/clicommands.h"
 
+#include "cli/cliconvertcommand.h"
 #include "cli/cliconversioncommands.h"
+#include "cli/cliimportcommand.h"
 #include "cli/clioutput.h"
 #include "cli/clisamplecommand.h"
 #include "cli/clitablecommands.h"
@@ -57,6 +59,8 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("table"), CCliTableCommands::table},
         {QStringLiteral("match"), CCliTableCommands::match},
         {QStringLiteral("sample"), CCliSampleCommand::run},
+        {QStringLiteral("convert"), CCliConvertCommand::run},
+        {QStringLiteral("import-config"), CCliImportCommand::run},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -99,6 +103,15 @@ QString CCliCommands::usage()
         "                              --stats adds the pixel count and the mean\n"
         "                              and 95th percentile \u0394E from the average,\n"
         "                              --srgb converts a tagged image to sRGB first\n"
+        "  convert IN OUT [--from F] [--to F] [--force]\n"
+        "                              copy colours between formats, chosen by\n"
+        "                              suffix or F: clrtable, txt, csv, gpl, ase,\n"
+        "                              css, json; OUT is replaced only with --force\n"
+        "  import-config FILE [--out TABLE [--force]]\n"
+        "                              turn a Quillon .config colour list into a\n"
+        "                              library table: print it as it would be\n"
+        "                              saved, or write it to the file TABLE\n"
+        "                              (an existing file only with --force)\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"

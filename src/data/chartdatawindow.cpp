@@ -6,6 +6,7 @@
 #include "data/chartdatatabcontainer.h"
 #include "data/datagrid.h"
 #include "data/datamodel.h"
+#include "data/datasetexport.h"
 #include "data/dlgdatacolouradd.h"
 
 #include <QAction>
@@ -42,6 +43,8 @@ CChartDataWindow::CChartDataWindow(CAppSettings *settings, QWidget *parent)
     m_model = m_container->grid()->model();
     connect(m_model, &CDataModel::modifiedChanged, this, &CChartDataWindow::showSaveIcon);
     connect(m_model, &CDataModel::titleChanged, this, &CChartDataWindow::titleChanged);
+    connect(m_container->grid(), &CDataGrid::exportRequested, this,
+            &CChartDataWindow::exportDataSet);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -132,6 +135,15 @@ bool CChartDataWindow::isModified() const
 void CChartDataWindow::showSaveIcon(bool modified)
 {
     m_saveButton->defaultAction()->setIcon(modified ? m_saveModifiedIcon : m_saveIcon);
+}
+
+QString CChartDataWindow::exportDataSet()
+{
+    // Exporting copies the colours out; the data set stays as it is.
+    const QString folder = m_table.isUntitled() || m_table.filePath().isEmpty()
+                               ? dataFolderSetting()
+                               : QFileInfo(m_table.filePath()).absolutePath();
+    return CDataSetExport::run(this, m_table, folder);
 }
 
 QString CChartDataWindow::dataFolderSetting() const

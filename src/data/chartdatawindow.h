@@ -54,6 +54,8 @@ public:
 
 public slots:
     void processCommand(int action);
+    // The grid's "Export Data Set…": the written path, empty when cancelled.
+    QString exportDataSet();
 
 signals:
     // The page's part of the window title may have changed.

@@ -2,6 +2,9 @@
 
 #include "data/datagriddelegate.h"
 #include "data/datamodel.h"
+#include "palette/colourcopytext.h"
+#include "sample/colourcontextmenu.h"
+#include "tables/datacolourtable.h"
 
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -9,7 +12,7 @@
 #include <QVBoxLayout>
 
 CDataGrid::CDataGrid(const CAppSettings *settings, CDataColourTable *table, QWidget *parent)
-    : QWidget(parent)
+    : QWidget(parent), m_table(table)
 {
     setStyleSheet(QStringLiteral("border:0px;"));
     m_view = new QTableView(this);
@@ -29,6 +32,29 @@ CDataGrid::CDataGrid(const CAppSettings *settings, CDataColourTable *table, QWid
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     setUpColumns();
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QWidget::customContextMenuRequested, this, &CDataGrid::showContextMenu);
+}
+
+CColourContextMenu *CDataGrid::buildContextMenu(int row)
+{
+    auto *menu = new CColourContextMenu(this);
+    if (row >= 0 && row < m_table->count()) {
+        const CColourTableEntry *entry = m_table->at(row);
+        menu->addCopyAction(CColourCopyText::hex({entry->red, entry->green, entry->blue}));
+        menu->addEntryNameAction(entry->name);
+        menu->addSeparator();
+    }
+    QAction *exportAction = menu->addAction(tr("Export Data Set\u2026"));
+    connect(exportAction, &QAction::triggered, this, &CDataGrid::exportRequested);
+    return menu;
+}
+
+void CDataGrid::showContextMenu(const QPoint &pos)
+{
+    CColourContextMenu *menu = buildContextMenu(m_view->rowAt(pos.y()));
+    menu->exec(m_view->viewport()->mapToGlobal(pos));
+    menu->deleteLater();
 }
 
 int CDataGrid::numberColumnWidth() const

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class CAppSettings;
+class CColourContextMenu;
 class CDataColourTable;
 class CDataGridDelegate;
 class CDataModel;
@@ -27,10 +28,20 @@ public:
     // The width of the swatch and button columns: four font heights.
     int narrowColumnWidth() const;
 
+    // The grid's pop-up menu: the hex and the name of the colour in row
+    // (none for a row that does not exist), then "Export Data Set…".
+    CColourContextMenu *buildContextMenu(int row);
+
+signals:
+    // "Export Data Set…" was chosen.
+    void exportRequested();
+
 private:
     void setUpColumns();
+    void showContextMenu(const QPoint &pos);
 
     QTableView *m_view = nullptr;
     CDataModel *m_model = nullptr;
     CDataGridDelegate *m_delegate = nullptr;
+    CDataColourTable *m_table = nullptr;
 };

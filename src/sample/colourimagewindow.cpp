@@ -5,6 +5,7 @@
 #include "colour/colourprofile.h"
 #include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
+#include "palette/colourcopytext.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/dlgexplainmatch.h"
 #include "sample/imagewidget.h"
@@ -15,6 +16,8 @@
 #include "sample/samplepanel.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -77,6 +80,7 @@ CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
     layout->addWidget(m_view);
     fillLibraryCombo();
     resetPage(true);
+    addClipboardShortcuts();
 }
 
 CColourImageWindow::~CColourImageWindow() = default;
@@ -271,6 +275,8 @@ QLabel *CColourImageWindow::sampleValueCaption(int index) const
 
 QString CColourImageWindow::title() const
 {
+    if (m_pasted)
+        return tr("Pasted image") + QStringLiteral(" - ");
     if (m_imagePath.isEmpty())
         return QString();
     const QFileInfo info(m_imagePath);
@@ -286,6 +292,19 @@ QString CColourImageWindow::title() const
 void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
     m_imagePath = path;
+    m_pasted = false;
+    showConverted(image);
+}
+
+void CColourImageWindow::showPastedImage(const QImage &image)
+{
+    m_imagePath.clear();
+    m_pasted = true;
+    showConverted(image);
+}
+
+void CColourImageWindow::showConverted(const QImage &image)
+{
     if (m_settings == nullptr || !m_settings->convertToSrgb) {
         m_notes->showProfile(QString());
         m_view->setImage(image);
@@ -295,6 +314,37 @@ void CColourImageWindow::showImage(const QString &path, const QImage &image)
     QImage converted = image;
     m_notes->showProfile(CColourProfile::convertToSrgb(&converted));
     m_view->setImage(converted);
+}
+
+// Two keys the page's own commands leave free, active wherever the focus
+// is on the page.
+void CColourImageWindow::addClipboardShortcuts()
+{
+    auto *copy = new QAction(this);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(copy, &QAction::triggered, this, &CColourImageWindow::copySample);
+    auto *paste = new QAction(this);
+    paste->setShortcut(QKeySequence::Paste);
+    paste->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(paste, &QAction::triggered, this, &CColourImageWindow::pasteImage);
+    addActions({copy, paste});
+}
+
+void CColourImageWindow::copySample()
+{
+    if (m_samplePresent)
+        QApplication::clipboard()->setText(CColourCopyText::hex(m_sample));
+}
+
+void CColourImageWindow::pasteImage()
+{
+    const QImage image = QApplication::clipboard()->image();
+    if (image.isNull()) {
+        emit statusMessage(tr("The clipboard holds no picture."));
+        return;
+    }
+    emit imagePasted(image);
 }
 
 void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }

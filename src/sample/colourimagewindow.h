@@ -49,6 +49,15 @@ public:
 
     // Shows a newly opened image (path for the title, image for the view).
     void showImage(const QString &path, const QImage &image);
+    // Shows a picture that came from the clipboard: it has no file, and
+    // the title calls it "Pasted image".
+    void showPastedImage(const QImage &image);
+    bool isPastedImage() const { return m_pasted; }
+    // Ctrl+C: the sample as "#rrggbb" on the clipboard (nothing without one).
+    void copySample();
+    // Ctrl+V: signals the clipboard's picture to be shown, or says in the
+    // status bar that there is none.
+    void pasteImage();
     // Main window zoom commands 6, 7, 8.
     void zoomStep(int command);
     int zoomIndex() const;
@@ -110,6 +119,8 @@ signals:
     void statusMessage(const QString &text);
     // "Add Colour to DataSet" with the current sample.
     void addToDataSetRequested(double red, double green, double blue);
+    // Ctrl+V found a picture on the clipboard.
+    void imagePasted(const QImage &image);
 
 public slots:
     void processCommand(int action);
@@ -122,6 +133,8 @@ public slots:
     void libraryChanged();
 
 private:
+    // Shows the picture, converted to sRGB first when the user asked for it.
+    void showConverted(const QImage &image);
     QToolButton *addCommandButton(int command, const QString &text, const QString &icon,
                                   bool checkable, QWidget *parent);
     QToolBar *buildPanel();
@@ -131,6 +144,7 @@ private:
     QWidget *buildMultipleSection(QWidget *parent);
     void buildMatchSection(QWidget *parent, QVBoxLayout *layout);
     void connectView();
+    void addClipboardShortcuts();
 
     void setPickMode(int command);
     void setSelectionMode(int command);
@@ -172,4 +186,5 @@ private:
     RgbColour m_sample;
     bool m_samplePresent = false;
     bool m_matched = false;
+    bool m_pasted = false;
 };

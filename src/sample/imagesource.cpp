@@ -69,6 +69,11 @@ bool CImageSource::readFile()
 
 void CImageSource::reportUnreadable()
 {
+    warnUnreadable(m_path);
+}
+
+void CImageSource::warnUnreadable(const QString &what) const
+{
     QMessageBox::warning(m_parent, AppContext::productName(),
-                         tr("The file:\n\n%1\n\ncould not be opened.").arg(m_path), QMessageBox::Ok);
+                         tr("The file:\n\n%1\n\ncould not be opened.").arg(what), QMessageBox::Ok);
 }

@@ -27,6 +27,8 @@ public:
 
     // The filter of the "Open Image" dialog.
     static QString fileFilter();
+    // The warning an unreadable image gets, naming `what`.
+    void warnUnreadable(const QString &what) const;
 
 signals:
     // A file was read successfully.

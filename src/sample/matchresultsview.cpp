@@ -3,6 +3,7 @@
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
 #include "colour/matchscore.h"
+#include "sample/colourcontextmenu.h"
 #include "sample/colourtexts.h"
 #include "tables/colourmatcher.h"
 
@@ -113,22 +114,24 @@ const CMatchResult *CMatchResultsView::rowEntry(int row) const
     return &m_rows.at(row);
 }
 
-QMenu *CMatchResultsView::buildRowMenu(int row)
+CColourContextMenu *CMatchResultsView::buildRowMenu(int row)
 {
-    if (rowEntry(row) == nullptr)
+    const CMatchResult *shown = rowEntry(row);
+    if (shown == nullptr)
         return nullptr;
-    auto *menu = new QMenu(this);
+    const CMatchResult &entry = *shown;
+    auto *menu = new CColourContextMenu(this);
+    menu->addEntryActions(entry.name, {entry.red, entry.green, entry.blue});
     emit rowMenuAboutToShow(menu, row);
     return menu;
 }
 
 void CMatchResultsView::showRowMenu(const QPoint &pos)
 {
-    QMenu *menu = buildRowMenu(rowAt(pos.y()));
-    if (menu == nullptr)
+    CColourContextMenu *menu = buildRowMenu(rowAt(pos.y()));
+    if (!menu)
         return;
-    if (!menu->isEmpty())
-        menu->exec(viewport()->mapToGlobal(pos));
+    menu->exec(viewport()->mapToGlobal(pos));
     menu->deleteLater();
 }
 

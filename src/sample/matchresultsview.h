@@ -7,9 +7,9 @@
 #include <QVector>
 
 class CAppSettings;
+class CColourContextMenu;
 class CColourTable;
 class QLabel;
-class QMenu;
 
 // The match results of the sampling page: one row per close library entry
 // (swatch, name with its RGB and Lab lines, percent or ΔE with the verdict),
@@ -35,13 +35,14 @@ public:
     // sample it was matched against.
     const CMatchResult *rowEntry(int row) const;
     RgbColour matchedSample() const { return m_sample; }
-    // The pop-up menu of a shown row, filled by the rowMenuAboutToShow
-    // connections; null for a row that is not shown.
-    QMenu *buildRowMenu(int row);
+    // The pop-up menu of a shown row: the entry's name, hex and L*a*b*
+    // text, then whatever the rowMenuAboutToShow connections add. Null
+    // for a row that is not shown.
+    CColourContextMenu *buildRowMenu(int row);
 
 signals:
-    // A row's menu is built: connections add their entries.
-    void rowMenuAboutToShow(QMenu *menu, int row);
+    // A row's menu is built: connections may add their own entries.
+    void rowMenuAboutToShow(CColourContextMenu *menu, int row);
 
 private:
     void showRow(const CMatchResult &record);

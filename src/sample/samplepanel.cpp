@@ -2,6 +2,7 @@
 
 #include "app/maintabbedwindow.h"
 #include "colour/colourformat.h"
+#include "sample/colourcontextmenu.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -41,6 +42,9 @@ QWidget *CSamplePanel::buildSwatch()
     frameLayout->setContentsMargins(0, 0, 0, 0);
     m_swatch = new QLabel(m_swatchFrame);
     frameLayout->addWidget(m_swatch);
+    m_swatchFrame->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_swatchFrame, &QWidget::customContextMenuRequested, this,
+            &CSamplePanel::showSwatchMenu);
     rowLayout->addStretch();
     rowLayout->addWidget(m_swatchFrame);
     rowLayout->addStretch();
@@ -81,6 +85,7 @@ void CSamplePanel::showColour(const RgbColour &colour, int rgbFormat)
 
 void CSamplePanel::showEmpty()
 {
+    m_hasColour = false;
     m_swatchFrame->setStyleSheet(QStringLiteral("border:1px transparent"));
     setShown(false);
     m_swatch->setStyleSheet(QStringLiteral("background:transparent;"));
@@ -88,6 +93,9 @@ void CSamplePanel::showEmpty()
 
 void CSamplePanel::refreshRgb(const RgbColour &colour, int rgbFormat)
 {
+    m_colour = colour;
+    m_rgbFormat = rgbFormat;
+    m_hasColour = true;
     const QStringList rgb =
         formatRgb(colour.red, colour.green, colour.blue, kDecimals, false, rgbFormat);
     for (int i = 0; i < 3; ++i)
@@ -101,4 +109,22 @@ void CSamplePanel::setShown(bool shown)
         m_captions.at(i)->setVisible(shown);
         m_values.at(i)->setVisible(shown);
     }
+}
+
+CColourContextMenu *CSamplePanel::buildSwatchMenu()
+{
+    if (!m_hasColour)
+        return nullptr;
+    auto *menu = new CColourContextMenu(this);
+    menu->addSampleActions(m_colour, m_rgbFormat);
+    return menu;
+}
+
+void CSamplePanel::showSwatchMenu(const QPoint &pos)
+{
+    CColourContextMenu *menu = buildSwatchMenu();
+    if (!menu)
+        return;
+    menu->exec(m_swatchFrame->mapToGlobal(pos));
+    menu->deleteLater();
 }

@@ -5,6 +5,7 @@
 #include <QVector>
 #include <QWidget>
 
+class CColourContextMenu;
 class QLabel;
 
 // The sample as the sampling page shows it: the caption "RGB=Red,Green,Blue",
@@ -24,6 +25,10 @@ public:
     // Rewrites the R, G, B values in another display format.
     void refreshRgb(const RgbColour &colour, int rgbFormat);
 
+    // The swatch's pop-up menu: the shown colour as hex, rgb(), the RGB
+    // text in the display format and the L*a*b* text. Null while empty.
+    CColourContextMenu *buildSwatchMenu();
+
     QLabel *caption() const { return m_caption; }
     QLabel *swatch() const { return m_swatch; }
     QWidget *swatchFrame() const { return m_swatchFrame; }
@@ -35,10 +40,14 @@ private:
     QWidget *buildSwatch();
     QWidget *buildGrid();
     void setShown(bool shown);
+    void showSwatchMenu(const QPoint &pos);
 
     QLabel *m_caption = nullptr;
     QWidget *m_swatchFrame = nullptr;
     QLabel *m_swatch = nullptr;
     QVector<QLabel *> m_captions;
     QVector<QLabel *> m_values;
+    RgbColour m_colour;
+    int m_rgbFormat = 0;
+    bool m_hasColour = false;
 };

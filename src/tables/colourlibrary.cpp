@@ -28,3 +28,11 @@ QString libraryTablePath(const QString &libraryFolder, const QString &tableName)
         path += QStringLiteral(".clrtable");
     return path;
 }
+
+bool isUsableTableName(const QString &tableName)
+{
+    // A leading dot makes a hidden file, which the library does not list;
+    // that also covers names made only of dots.
+    return !tableName.isEmpty() && !tableName.startsWith(QLatin1Char('.'))
+           && !tableName.contains(QLatin1Char('/')) && !tableName.contains(QDir::separator());
+}

@@ -18,7 +18,7 @@
 #include "tables/colourtableentry.h"
 #include "tables/libcolourtable.h"
 
-#include "samplefixture.h"
+#include "support/samplefixture.h"
 #include "support/imagewriter.h"
 #include "support/storedsettings.h"
 #include "support/temphome.h"

@@ -25,6 +25,8 @@ private slots:
     void emptyOrMissingFolderListsNothing();
     void tablePathForName_data();
     void tablePathForName();
+    void usableTableName_data();
+    void usableTableName();
 };
 
 QStringList TestColourLibrary::listedNames(const QString &folder)
@@ -122,6 +124,29 @@ void TestColourLibrary::tablePathForName()
     QFETCH(QString, name);
     QFETCH(QString, expected);
     QCOMPARE(libraryTablePath("/lib/Colour Library", name), "/lib/Colour Library/" + expected);
+}
+
+void TestColourLibrary::usableTableName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("usable");
+    QTest::newRow("plain") << QStringLiteral("Reds") << true;
+    QTest::newRow("with blanks") << QStringLiteral("Spring reds") << true;
+    QTest::newRow("dot inside") << QStringLiteral("Paint.2020") << true;
+    QTest::newRow("leading dot hides the file") << QStringLiteral(".hidden") << false;
+    QTest::newRow("empty") << QString() << false;
+    QTest::newRow("slash") << QStringLiteral("a/b") << false;
+    QTest::newRow("parent folder") << QStringLiteral("../escape") << false;
+    QTest::newRow("one dot") << QStringLiteral(".") << false;
+    QTest::newRow("two dots") << QStringLiteral("..") << false;
+    QTest::newRow("three dots") << QStringLiteral("...") << false;
+}
+
+void TestColourLibrary::usableTableName()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, usable);
+    QCOMPARE(isUsableTableName(name), usable);
 }
 
 QTEST_GUILESS_MAIN(TestColourLibrary)

@@ -1,0 +1,146 @@
+#include "library/libcolourtabletabimport.h"
+
+#include "app/appcontext.h"
+#include "app/appsettings.h"
+#include "app/tablemessages.h"
+#include "help/textinputdlg.h"
+#include "palette/paletteimport.h"
+#include "tables/colourlibrary.h"
+#include "tables/libcolourtable.h"
+#include "tables/quillonimport.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+CLibColourTableTabImport::CLibColourTableTabImport(CAppSettings *settings,
+                                                   const QString &helpAnchor, QWidget *parent)
+    : CLibColourTableTabBase(helpAnchor, parent), m_settings(settings)
+{
+    auto *layout = new QVBoxLayout(this);
+    auto *row = new QHBoxLayout;
+    m_quillonButton = new QPushButton(tr("&Quillon Table"), this);
+    m_quillonButton->setAutoDefault(false);
+    connect(m_quillonButton, &QPushButton::clicked, this, &CLibColourTableTabImport::QuillonImport);
+    row->addWidget(m_quillonButton);
+    row->addStretch();
+    layout->addLayout(row);
+    layout->addLayout(buildPaletteRow());
+    layout->addStretch();
+}
+
+// Under the companion's row: the palette formats designers' tools write.
+QHBoxLayout *CLibColourTableTabImport::buildPaletteRow()
+{
+    auto *row = new QHBoxLayout;
+    m_gimpButton = addButton(tr("&GIMP Palette"), row);
+    connect(m_gimpButton, &QPushButton::clicked, this, &CLibColourTableTabImport::gimpImport);
+    m_aseButton = addButton(tr("&Adobe Swatches"), row);
+    connect(m_aseButton, &QPushButton::clicked, this, &CLibColourTableTabImport::aseImport);
+    m_cssButton = addButton(tr("&CSS Colours"), row);
+    connect(m_cssButton, &QPushButton::clicked, this, &CLibColourTableTabImport::cssImport);
+    row->addStretch();
+    return row;
+}
+
+QPushButton *CLibColourTableTabImport::addButton(const QString &text, QHBoxLayout *row)
+{
+    auto *button = new QPushButton(text, this);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+void CLibColourTableTabImport::QuillonImport()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Select the file to import"), QString(),
+        tr("Quillon Files (*.config);;All Files (*.*)"));
+    if (path.isEmpty())
+        return;
+    if (import(this, path))
+        setChanged();
+}
+
+void CLibColourTableTabImport::gimpImport()
+{
+    importChosenPalette(tr("GIMP Palettes (*.gpl);;All Files (*.*)"), CPaletteFile::Gpl);
+}
+
+void CLibColourTableTabImport::aseImport()
+{
+    importChosenPalette(tr("Adobe Swatch Exchange Files (*.ase);;All Files (*.*)"),
+                        CPaletteFile::Ase);
+}
+
+void CLibColourTableTabImport::cssImport()
+{
+    importChosenPalette(tr("CSS Files (*.css);;All Files (*.*)"), CPaletteFile::Css);
+}
+
+void CLibColourTableTabImport::importChosenPalette(const QString &filter,
+                                                   CPaletteFile::Format format)
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Select the file to import"), QString(), filter);
+    if (path.isEmpty())
+        return;
+    if (importPalette(this, path, format))
+        setChanged();
+}
+
+bool CLibColourTableTabImport::importPalette(QWidget *parent, const QString &path,
+                                             CPaletteFile::Format format)
+{
+    CLibColourTable table;
+    const CPaletteReadResult result =
+        CPaletteImport::importFile(path, format, table, QDateTime::currentDateTime());
+    const QString error = CPaletteImport::errorText(result, path);
+    if (!error.isEmpty()) {
+        QMessageBox::critical(parent, AppContext::productName(), error, QMessageBox::Ok);
+        return false;
+    }
+    const QString notes = CPaletteImport::notesText(result, path);
+    if (!notes.isEmpty())
+        QMessageBox::warning(parent, AppContext::productName(), notes, QMessageBox::Ok);
+    return saveImportedTable(parent, path, table);
+}
+
+bool CLibColourTableTabImport::import(QWidget *parent, const QString &path)
+{
+    CLibColourTable table;
+    const CQuillonImport::Result result =
+        CQuillonImport::importFile(path, table, QDateTime::currentDateTime());
+    if (result.status != CQuillonImport::Imported) {
+        QMessageBox::critical(parent, AppContext::productName(),
+                              CQuillonImport::errorText(result, path), QMessageBox::Ok);
+        return false;
+    }
+    return saveImportedTable(parent, path, table);
+}
+
+bool CLibColourTableTabImport::saveImportedTable(QWidget *parent, const QString &path,
+                                                 CColourTable &table)
+{
+    const QString anchor = QStringLiteral("library.html#libMaintTabB");
+    CTextInputDlg input(AppContext::productName() + tr(" - Import Colour Table"), tr("Importing:"),
+                        QDir::toNativeSeparators(path), tr("Save To:"),
+                        tr("Please enter a name to use for the newly imported colour table."),
+                        parent, anchor);
+    connect(&input, &CTextInputDlg::displayHelpSignal, this,
+            &CLibColourTableTabImport::displayHelpSignal);
+    if (input.exec() != QDialog::Accepted)
+        return false;
+    const QString name = input.text();
+    const QString tablePath = libraryTablePath(m_settings->libraryDir, name);
+    // A name that cannot be a file of its own fails as a write would.
+    if (!isUsableTableName(name)) {
+        CTableMessages::showWriteError(parent, tablePath);
+        return false;
+    }
+    return CTableMessages::save(parent, table, tablePath, false);
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "colour/rgbcolour.h"
+
+#include <QString>
+
+// One named colour as palette files carry it.
+struct PaletteColour
+{
+    QString name;
+    RgbColour rgb;
+};
