@@ -1,5 +1,7 @@
 #include "data/datasetexport.h"
 
+#include "app/appcontext.h"
+
 #include "tables/colourtable.h"
 
 #include <QFileDialog>
