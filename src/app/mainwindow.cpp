@@ -154,6 +154,7 @@ void CMainWindow::connectPages()
             [this](const QString &text) { statusBar()->showMessage(text, 0); });
     connect(m_samplingPage, &CColourImageWindow::addToDataSetRequested, this,
             &CMainWindow::addColourToDataSet);
+    connect(m_samplingPage, &CColourImageWindow::helpRequested, this, &CMainWindow::displayHelp);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
     connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
 }

@@ -106,6 +106,8 @@ signals:
     void statusMessage(const QString &text);
     // "Add Colour to DataSet" with the current sample.
     void addToDataSetRequested(double red, double green, double blue);
+    // A dialog opened from this page asks for a page of the manual.
+    void helpRequested(const QString &page);
 
 public slots:
     void processCommand(int action);
@@ -140,6 +142,7 @@ private:
     void maintainLibrary();
     bool execLibraryMaintenance();
     void addSampleToLibrary();
+    bool addEntryToLibraryTable(const QString &name);
     bool rgbAverage() const;
     int rgbFormat() const;
 
