@@ -166,6 +166,7 @@ void CMainWindow::connectPages()
     connect(m_samplingPage, &CColourImageWindow::imagePasted, this, &CMainWindow::showPastedImage);
     connect(m_samplingPage, &CColourImageWindow::addToDataSetRequested, this,
             &CMainWindow::addColourToDataSet);
+    connect(m_samplingPage, &CColourImageWindow::helpRequested, this, &CMainWindow::displayHelp);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
     connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
 }

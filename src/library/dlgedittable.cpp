@@ -4,8 +4,9 @@
 #include "app/tablemessages.h"
 #include "colour/colourformat.h"
 #include "help/textinputdlg.h"
+#include "library/libdialogrows.h"
 #include "tables/libcolourtable.h"
-#include "tables/waitcursor.h"
+#include "app/waitcursor.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -52,10 +53,7 @@ CDlgEditTable::CDlgEditTable(QWidget *parent, const QString &tableName, const QS
     layout->addSpacing(kSectionSpacing);
     buildGrid();
     layout->addWidget(m_grid, 1);
-    auto *rule = new QGroupBox(this);
-    rule->setFlat(true);
-    rule->setMaximumHeight(2);
-    layout->addWidget(rule);
+    layout->addWidget(CLibDialogRows::horizontalRule(this));
     layout->addLayout(buildButtonRow());
     loadNote();
     fillGrid();
@@ -98,23 +96,15 @@ void CDlgEditTable::buildGrid()
 
 QLayout *CDlgEditTable::buildButtonRow()
 {
-    m_helpButton = new QPushButton(tr("&Help"), this);
-    m_helpButton->setAutoDefault(false);
-    m_okButton = new QPushButton(tr("&OK"), this);
-    m_okButton->setDefault(true);
-    m_cancelButton = new QPushButton(tr("&Cancel"), this);
-    m_cancelButton->setAutoDefault(false);
+    m_helpButton = CLibDialogRows::button(tr("&Help"), this);
+    m_okButton = CLibDialogRows::button(tr("&OK"), this, true);
+    m_cancelButton = CLibDialogRows::button(tr("&Cancel"), this);
     connect(m_helpButton, &QPushButton::clicked, this, &CDlgEditTable::displayHelp);
     connect(m_okButton, &QPushButton::clicked, this, &CDlgEditTable::accept);
     connect(m_cancelButton, &QPushButton::clicked, this, &CDlgEditTable::reject);
     auto *helpKey = new QShortcut(QKeySequence(QKeySequence::HelpContents), this);
     connect(helpKey, &QShortcut::activated, this, &CDlgEditTable::displayHelp);
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_helpButton);
-    row->addStretch();
-    row->addWidget(m_okButton);
-    row->addWidget(m_cancelButton);
-    return row;
+    return CLibDialogRows::buttonRow(m_helpButton, {m_okButton, m_cancelButton});
 }
 
 // Each comment line becomes a paragraph without its "#"; only that one

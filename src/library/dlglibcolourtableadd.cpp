@@ -3,10 +3,11 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
+#include "library/libdialogrows.h"
 #include "tables/libcolourtable.h"
 
-#include <QFileInfo>
 #include <QGroupBox>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -36,10 +37,7 @@ CDlgLibColourTableAdd::CDlgLibColourTableAdd(QWidget *parent, const QString &tab
     layout->addSpacing(kGap);
     layout->addLayout(buildNameRow());
     layout->addSpacing(kGap);
-    auto *rule = new QGroupBox(this);
-    rule->setFlat(true);
-    rule->setMaximumHeight(2);
-    layout->addWidget(rule);
+    layout->addWidget(CLibDialogRows::horizontalRule(this));
     layout->addLayout(buildButtonRow());
     m_nameEdit->setFocus();
 }
@@ -88,21 +86,13 @@ QLayout *CDlgLibColourTableAdd::buildNameRow()
 
 QLayout *CDlgLibColourTableAdd::buildButtonRow()
 {
-    m_helpButton = new QPushButton(tr("&Help"), this);
-    m_helpButton->setAutoDefault(false);
-    m_okButton = new QPushButton(tr("&OK"), this);
-    m_okButton->setDefault(true);
-    m_cancelButton = new QPushButton(tr("&Cancel"), this);
-    m_cancelButton->setAutoDefault(false);
+    m_helpButton = CLibDialogRows::button(tr("&Help"), this);
+    m_okButton = CLibDialogRows::button(tr("&OK"), this, true);
+    m_cancelButton = CLibDialogRows::button(tr("&Cancel"), this);
     connect(m_helpButton, &QPushButton::clicked, this, &CDlgLibColourTableAdd::displayHelp);
     connect(m_okButton, &QPushButton::clicked, this, &CDlgLibColourTableAdd::accept);
     connect(m_cancelButton, &QPushButton::clicked, this, &CDlgLibColourTableAdd::reject);
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_helpButton);
-    row->addStretch();
-    row->addWidget(m_okButton);
-    row->addWidget(m_cancelButton);
-    return row;
+    return CLibDialogRows::buttonRow(m_helpButton, {m_okButton, m_cancelButton});
 }
 
 void CDlgLibColourTableAdd::displayHelp()

@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "library/libcolourtabletabgeneral.h"
 #include "library/libcolourtabletabimport.h"
+#include "library/libdialogrows.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -34,27 +35,19 @@ CLibColourTableDlg::CLibColourTableDlg(CAppSettings *settings, QWidget *parent)
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs);
-    auto *rule = new QGroupBox(this);
-    rule->setFlat(true);
-    rule->setMaximumHeight(2);
-    layout->addWidget(rule);
+    layout->addWidget(CLibDialogRows::horizontalRule(this));
     layout->addLayout(buildButtonRow());
 }
 
 QLayout *CLibColourTableDlg::buildButtonRow()
 {
-    m_helpButton = new QPushButton(tr("&Help"), this);
-    m_helpButton->setAutoDefault(false);
-    m_closeButton = new QPushButton(tr("&Close"), this);
+    m_helpButton = CLibDialogRows::button(tr("&Help"), this);
+    m_closeButton = CLibDialogRows::button(tr("&Close"), this, true);
     connect(m_helpButton, &QPushButton::clicked, this, &CLibColourTableDlg::displayHelp);
     connect(m_closeButton, &QPushButton::clicked, this, &CLibColourTableDlg::accept);
     auto *helpKey = new QShortcut(QKeySequence(QKeySequence::HelpContents), this);
     connect(helpKey, &QShortcut::activated, this, &CLibColourTableDlg::displayHelp);
-    auto *row = new QHBoxLayout;
-    row->addWidget(m_helpButton);
-    row->addStretch();
-    row->addWidget(m_closeButton);
-    return row;
+    return CLibDialogRows::buttonRow(m_helpButton, {m_closeButton});
 }
 
 void CLibColourTableDlg::displayHelp()

@@ -2,9 +2,12 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "app/tablemessages.h"
 #include "colour/colourprofile.h"
 #include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
+#include "library/dlglibcolourtableadd.h"
+#include "library/libcolourtabledlg.h"
 #include "palette/colourcopytext.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/dlgexplainmatch.h"
@@ -620,12 +623,17 @@ void CColourImageWindow::maintainLibrary()
         libraryChanged();
 }
 
+// Whatever way the dialog was closed, it reports whether any table was
+// made, changed, copied, renamed, deleted or imported.
 bool CColourImageWindow::execLibraryMaintenance()
 {
-    // The library maintenance dialog is not in this release yet: it will run
-    // here modally and report whether it was accepted with a change. Until
-    // then the library is left as it is, as if it had been closed unchanged.
-    return false;
+    if (!m_settings)
+        return false;
+    CLibColourTableDlg dialog(m_settings, this);
+    connect(&dialog, &CLibColourTableDlg::displayHelpSignal, this,
+            &CColourImageWindow::helpRequested);
+    dialog.exec();
+    return dialog.libraryChanged();
 }
 
 void CColourImageWindow::addSampleToLibrary()
@@ -635,8 +643,26 @@ void CColourImageWindow::addSampleToLibrary()
                               tr("Please  first match the colour ...."), QMessageBox::Ok);
         return;
     }
-    // The dialog that names the new library entry is not in this release
-    // yet: the loaded table will ask for the name here and write itself back.
+    const CLibColourTable &table = libraryTable();
+    CDlgLibColourTableAdd dialog(this, table.filePath(), &table, m_sample, m_settings);
+    connect(&dialog, &CDlgLibColourTableAdd::displayHelpSignal, this,
+            &CColourImageWindow::helpRequested);
+    if (dialog.exec() == QDialog::Accepted)
+        addEntryToLibraryTable(dialog.name());
+}
+
+// The table writes itself back to its file at once. When that fails the
+// entry is taken out again, so that the table shown matches its file.
+bool CColourImageWindow::addEntryToLibraryTable(const QString &name)
+{
+    CLibColourTable &table = m_library->table();
+    auto *entry = new CColourTableEntry(name, m_sample.red, m_sample.green, m_sample.blue);
+    table.add(entry);
+    if (CTableMessages::save(this, table, table.filePath(), true))
+        return true;
+    table.removeAt(table.count() - 1);
+    delete entry;
+    return false;
 }
 
 // ---- Reset -------------------------------------------------------------------

@@ -121,6 +121,8 @@ signals:
     void addToDataSetRequested(double red, double green, double blue);
     // Ctrl+V found a picture on the clipboard.
     void imagePasted(const QImage &image);
+    // A dialog opened from this page asks for a page of the manual.
+    void helpRequested(const QString &page);
 
 public slots:
     void processCommand(int action);
@@ -161,6 +163,7 @@ private:
     void maintainLibrary();
     bool execLibraryMaintenance();
     void addSampleToLibrary();
+    bool addEntryToLibraryTable(const QString &name);
     bool rgbAverage() const;
     int rgbFormat() const;
 

@@ -20,6 +20,8 @@ public:
 
     // The table last loaded (empty when loading failed).
     const CLibColourTable &table() const { return m_table; }
+    // The same table for adding an entry to it (it keeps its file path).
+    CLibColourTable &table() { return m_table; }
     // The remembered table's base name, "selected" when none is remembered:
     // how the messages name the library.
     QString selectedTableBaseName() const;

@@ -24,30 +24,6 @@ void setError(QString *errorText, const QString &text)
         *errorText = text;
 }
 
-bool isSpaceOrTab(QChar c)
-{
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
-}
-
-// Every run of spaces and tabs becomes one space; other white space stays.
-QString collapseSpacesAndTabs(const QStringRef &text)
-{
-    QString out;
-    out.reserve(text.size());
-    bool inRun = false;
-    for (const QChar c : text) {
-        if (isSpaceOrTab(c)) {
-            if (!inRun)
-                out += QLatin1Char(' ');
-            inRun = true;
-        } else {
-            out += c;
-            inRun = false;
-        }
-    }
-    return out;
-}
-
 // A raw line as text: single bytes up to the first NUL, without the carriage
 // return of a CR LF ending, trimmed.
 QString lineText(const char *begin, const char *end, bool endedByLineFeed)
@@ -79,12 +55,32 @@ std::unique_ptr<CColourTableEntry> parseEntry(const QStringRef &data)
             return nullptr;
         pos = comma + 1;
     }
-    const QString name = pos <= data.size() ? collapseSpacesAndTabs(data.mid(pos).trimmed())
-                                            : QString();
+    const QString name = pos <= data.size()
+                             ? CColourTable::collapseSpacesAndTabs(data.mid(pos).trimmed())
+                             : QString();
     return std::make_unique<CColourTableEntry>(name, values[0], values[1], values[2]);
 }
 
 } // namespace
+
+// Every run of spaces and tabs becomes one space; other white space stays.
+QString CColourTable::collapseSpacesAndTabs(const QStringRef &text)
+{
+    QString out;
+    out.reserve(text.size());
+    bool inRun = false;
+    for (const QChar c : text) {
+        if (c == QLatin1Char(' ') || c == QLatin1Char('\t')) {
+            if (!inRun)
+                out += QLatin1Char(' ');
+            inRun = true;
+        } else {
+            out += c;
+            inRun = false;
+        }
+    }
+    return out;
+}
 
 CColourTable::~CColourTable() = default;
 

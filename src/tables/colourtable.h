@@ -58,6 +58,10 @@ public:
 
     bool containsName(const QString &name) const; // exact, case-sensitive
 
+    // Every run of spaces and tabs becomes one space; other white space
+    // stays. Shared with the readers of other colour list formats.
+    static QString collapseSpacesAndTabs(const QStringRef &text);
+
     QString filePath() const { return m_filePath; }
     void setFilePath(const QString &path) { m_filePath = path; }
     QString header() const { return m_header; }

@@ -17,11 +17,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("CQuillonImport", text);
 }
 
-bool isBlankOrTab(QChar c)
-{
-    return c == QLatin1Char(' ') || c == QLatin1Char('\t');
-}
-
 // Bytes of one line as Latin-1 text, up to the first NUL (as a C string
 // would read them).
 QString latin1Line(const QByteArray &bytes)
@@ -48,20 +43,7 @@ QString CQuillonImport::normalised(const QString &line)
     const int hash = text.indexOf(QLatin1Char('#'));
     if (hash >= 0)
         text = text.left(hash).trimmed();
-    QString out;
-    out.reserve(text.size());
-    bool inRun = false;
-    for (const QChar c : qAsConst(text)) {
-        if (isBlankOrTab(c)) {
-            if (!inRun)
-                out += QLatin1Char(' ');
-            inRun = true;
-        } else {
-            out += c;
-            inRun = false;
-        }
-    }
-    return out;
+    return CColourTable::collapseSpacesAndTabs(QStringRef(&text));
 }
 
 // A backslash makes the next character literal; a trailing "=" is dropped;

@@ -4,7 +4,7 @@
 
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
-#include "support/modalanswerer.h"
+#include "support/modalsequence.h"
 #include "support/temphome.h"
 
 #include <QHeaderView>
@@ -56,6 +56,8 @@ private:
     bool openOn(const QByteArray &content);
     void typeAtNoteEnd(const QString &text);
     void clickRowButton(int row, int column);
+    // Renames an entry through its row button, typing newName in the prompt.
+    void renameRow(int row, const QString &newName);
     QStringList gridNames() const;
     QByteArray fileBytes() const { return FixtureFile::read(m_path); }
 
@@ -130,6 +132,13 @@ void TestDlgEditTable::clickRowButton(int row, int column)
     auto *button = qobject_cast<QPushButton *>(m_dialog->grid()->cellWidget(row, column));
     QVERIFY(button);
     QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void TestDlgEditTable::renameRow(int row, const QString &newName)
+{
+    ModalAnswerer answer(QStringLiteral("OK"), DialogActions::typeText(newName));
+    clickRowButton(row, 2);
+    QVERIFY(answer.wasAnswered());
 }
 
 QStringList TestDlgEditTable::gridNames() const
@@ -268,28 +277,14 @@ void TestDlgEditTable::renameKeepsCommasAsTyped()
 {
     QVERIFY(openOn(kGreens));
     m_dialog->grid()->setFocus();
-    {
-        ModalAnswerer answer(QStringLiteral("OK"), [](QWidget *dialog) {
-            auto *edit = dialog->findChild<QLineEdit *>();
-            edit->clear();
-            QTest::keyClicks(edit, QStringLiteral("Moss, deep"));
-        });
-        clickRowButton(2, 2);
-    }
+    renameRow(2, QStringLiteral("Moss, deep"));
     QCOMPARE(m_table->at(2)->name, QStringLiteral("Moss, deep"));
 }
 
 void TestDlgEditTable::renamingToAnotherEntrysNameLeavesTwoOfThatName()
 {
     QVERIFY(openOn(kGreens));
-    {
-        ModalAnswerer answer(QStringLiteral("OK"), [](QWidget *dialog) {
-            auto *edit = dialog->findChild<QLineEdit *>();
-            edit->clear();
-            QTest::keyClicks(edit, QStringLiteral("Lime"));
-        });
-        clickRowButton(0, 2);
-    }
+    renameRow(0, QStringLiteral("Lime"));
     QCOMPARE(gridNames(), QStringList({"Lime", "Lime", "moss"}));
     QTest::mouseClick(m_dialog->okButton(), Qt::LeftButton);
     QCOMPARE(fileBytes(), QByteArray("# Greens of the north\n"
@@ -301,14 +296,7 @@ void TestDlgEditTable::renamingToAnotherEntrysNameLeavesTwoOfThatName()
 void TestDlgEditTable::cancellingAfterARenameAsksAndNoKeepsTheDialogAndTheRename()
 {
     QVERIFY(openOn(kGreens));
-    {
-        ModalAnswerer answer(QStringLiteral("OK"), [](QWidget *dialog) {
-            auto *edit = dialog->findChild<QLineEdit *>();
-            edit->clear();
-            QTest::keyClicks(edit, QStringLiteral("Fern"));
-        });
-        clickRowButton(2, 2);
-    }
+    renameRow(2, QStringLiteral("Fern"));
     ModalAnswerer question(QStringLiteral("No"));
     QTest::mouseClick(m_dialog->cancelButton(), Qt::LeftButton);
     QVERIFY(question.wasAnswered());
@@ -323,14 +311,7 @@ void TestDlgEditTable::cancellingAfterARenameAsksAndNoKeepsTheDialogAndTheRename
 void TestDlgEditTable::cancellingAfterARenameAndYesLeavesTheFile()
 {
     QVERIFY(openOn(kGreens));
-    {
-        ModalAnswerer answer(QStringLiteral("OK"), [](QWidget *dialog) {
-            auto *edit = dialog->findChild<QLineEdit *>();
-            edit->clear();
-            QTest::keyClicks(edit, QStringLiteral("Fern"));
-        });
-        clickRowButton(2, 2);
-    }
+    renameRow(2, QStringLiteral("Fern"));
     ModalAnswerer question(QStringLiteral("Yes"));
     QTest::mouseClick(m_dialog->cancelButton(), Qt::LeftButton);
     QVERIFY(question.wasAnswered());

@@ -69,14 +69,12 @@ private slots:
     void copyMakesAnIdenticalTable();
     void copyingOntoAnExistingNameNamesTheSourceTable();
     void copyThatCannotWriteShowsTheCopyErrorAndLeavesNoFile();
-    void copyWithAnUnusableName_data();
-    void copyWithAnUnusableName();
 
     // Rename
     void renameStartsWithTheCurrentNameAndMovesTheFile();
     void renameOntoAnExistingTableFailsAndKeepsBoth();
-    void renameWithAnUnusableName_data();
-    void renameWithAnUnusableName();
+    void copyOrRenameWithAnUnusableName_data();
+    void copyOrRenameWithAnUnusableName();
 
     // Delete
     void deleteYesRemovesTheTable();
@@ -509,34 +507,6 @@ void TestLibColourTableDlg::copyThatCannotWriteShowsTheCopyErrorAndLeavesNoFile(
     QCOMPARE(FixtureFile::read(lib(QStringLiteral("Greys.clrtable"))), big);
 }
 
-void TestLibColourTableDlg::copyWithAnUnusableName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("into an existing sub-folder") << QStringLiteral("sub/Reds");
-    QTest::newRow("parent folder") << QStringLiteral("../Reds");
-    QTest::newRow("two dots") << QStringLiteral("..");
-    QTest::newRow("three dots") << QStringLiteral("...");
-}
-
-void TestLibColourTableDlg::copyWithAnUnusableName()
-{
-    QFETCH(QString, name);
-    writeTable(QStringLiteral("Reds.clrtable"), kReds);
-    QVERIFY(QDir().mkpath(lib(QStringLiteral("sub"))));
-    const QStringList homeBefore = homeEntries();
-    QVERIFY(openDialog());
-    ModalSequence answers({Step{"OK", DialogActions::typeText(name)}, Step{"OK", {}}});
-    press(CLibColourTableTabGeneral::Copy);
-    QCOMPARE(answers.answeredCount(), 2);
-    QCOMPARE(answers.text(1), QStringLiteral("Error copying colour table \"Reds\" to \"%1\". This "
-                                             "may be due to the destination folder being "
-                                             "write-protected.")
-                                  .arg(name));
-    QCOMPARE(libraryFiles(), QStringList({"Reds.clrtable", "sub"}));
-    QVERIFY(QDir(lib(QStringLiteral("sub"))).isEmpty());
-    QCOMPARE(homeEntries(), homeBefore);
-}
-
 // ---- Rename -----------------------------------------------------------------
 
 void TestLibColourTableDlg::renameStartsWithTheCurrentNameAndMovesTheFile()
@@ -576,30 +546,44 @@ void TestLibColourTableDlg::renameOntoAnExistingTableFailsAndKeepsBoth()
     QVERIFY(!page()->isChanged());
 }
 
-void TestLibColourTableDlg::renameWithAnUnusableName_data()
+void TestLibColourTableDlg::copyOrRenameWithAnUnusableName_data()
 {
+    const QString copyError = QStringLiteral("Error copying colour table \"Reds\" to \"%1\". This "
+                                             "may be due to the destination folder being "
+                                             "write-protected.");
+    const QString renameError = QStringLiteral("Error renaming colour table \"Reds\" to \"%1\". "
+                                               "This may be due to the file or folder being "
+                                               "write-protected.");
+    QTest::addColumn<int>("button");
     QTest::addColumn<QString>("name");
-    QTest::newRow("into an existing sub-folder") << QStringLiteral("sub/Reds");
-    QTest::newRow("parent folder") << QStringLiteral("../Reds");
-    QTest::newRow("two dots") << QStringLiteral("..");
+    QTest::addColumn<QString>("message");
+    const QStringList names({"sub/Reds", "../Reds", "..", "...", ".Reds"});
+    for (const QString &name : names) {
+        QTest::addRow("copy to %s", qPrintable(name))
+            << int(CLibColourTableTabGeneral::Copy) << name << copyError.arg(name);
+        QTest::addRow("rename to %s", qPrintable(name))
+            << int(CLibColourTableTabGeneral::Rename) << name << renameError.arg(name);
+    }
 }
 
-void TestLibColourTableDlg::renameWithAnUnusableName()
+void TestLibColourTableDlg::copyOrRenameWithAnUnusableName()
 {
+    QFETCH(int, button);
     QFETCH(QString, name);
+    QFETCH(QString, message);
     writeTable(QStringLiteral("Reds.clrtable"), kReds);
     QVERIFY(QDir().mkpath(lib(QStringLiteral("sub"))));
     const QStringList homeBefore = homeEntries();
     QVERIFY(openDialog());
     ModalSequence answers({Step{"OK", DialogActions::typeText(name)}, Step{"OK", {}}});
-    press(CLibColourTableTabGeneral::Rename);
+    press(CLibColourTableTabGeneral::Button(button));
     QCOMPARE(answers.answeredCount(), 2);
-    QCOMPARE(answers.text(1), QStringLiteral("Error renaming colour table \"Reds\" to \"%1\". This "
-                                             "may be due to the file or folder being "
-                                             "write-protected.")
-                                  .arg(name));
+    QCOMPARE(answers.text(1), message);
     QCOMPARE(libraryFiles(), QStringList({"Reds.clrtable", "sub"}));
+    QCOMPARE(FixtureFile::read(lib(QStringLiteral("Reds.clrtable"))), kReds);
+    QVERIFY(QDir(lib(QStringLiteral("sub"))).isEmpty());
     QCOMPARE(homeEntries(), homeBefore);
+    QVERIFY(!page()->isChanged());
 }
 
 // ---- Delete -----------------------------------------------------------------
