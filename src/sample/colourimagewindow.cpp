@@ -9,6 +9,7 @@
 #include "library/dlglibcolourtableadd.h"
 #include "library/libcolourtabledlg.h"
 #include "palette/colourcopytext.h"
+#include "sample/colourcontextmenu.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/dlgexplainmatch.h"
 #include "sample/imagewidget.h"
