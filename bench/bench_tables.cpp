@@ -72,6 +72,39 @@ void matchAgainstThirtyThousandEntries(benchmark::State &state)
 }
 BENCHMARK(matchAgainstThirtyThousandEntries)->Unit(benchmark::kMillisecond);
 
+// What the match panel and vellora-cli run: only the rows that can be shown,
+// for samples spread over the colour space.
+void bestRowsAgainstThirtyThousandEntries(benchmark::State &state)
+{
+    CColourTable table;
+    table.load(tableFile().path());
+    const RgbColour samples[] = {{0.31, 0.62, 0.18}, {0.9, 0.1, 0.1}, {0.5, 0.5, 0.5},
+                                 {0.05, 0.05, 0.3}, {0.95, 0.9, 0.6}, {0.2, 0.8, 0.9}};
+    size_t next = 0;
+    for (auto _ : state) {
+        const CColourMatcher matcher(table);
+        const QVector<CMatchResult> results = matcher.bestRows(samples[next++ % 6], 4);
+        benchmark::DoNotOptimize(CColourMatcher::rowsToShow(results, 4));
+    }
+    state.SetItemsProcessed(state.iterations() * kEntries);
+}
+BENCHMARK(bestRowsAgainstThirtyThousandEntries)->Unit(benchmark::kMillisecond);
+
+void bestRowsPreparedOnly(benchmark::State &state)
+{
+    CColourTable table;
+    table.load(tableFile().path());
+    const RgbColour samples[] = {{0.31, 0.62, 0.18}, {0.9, 0.1, 0.1}, {0.5, 0.5, 0.5},
+                                 {0.05, 0.05, 0.3}, {0.95, 0.9, 0.6}, {0.2, 0.8, 0.9}};
+    size_t next = 0;
+    const CColourMatcher matcher(table);
+    for (auto _ : state) {
+        const QVector<CMatchResult> results = matcher.bestRows(samples[next++ % 6], 4);
+        benchmark::DoNotOptimize(CColourMatcher::rowsToShow(results, 4));
+    }
+}
+BENCHMARK(bestRowsPreparedOnly)->Unit(benchmark::kMillisecond);
+
 void serialiseThirtyThousandEntries(benchmark::State &state)
 {
     CColourTable table;

@@ -4,7 +4,6 @@
 #include "colour/colourformat.h"
 #include "colour/matchscore.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
@@ -49,19 +48,35 @@ QJsonObject jsonRow(const RowTexts &row)
 
 QString CCliMatchFormatter::tsv(const QVector<CMatchResult> &sorted, int rowCount)
 {
-    QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")};
+    return (QStringList{tsvHeader()} + tsvRows(sorted, rowCount)).join(QLatin1Char('\n'));
+}
+
+QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCount)
+{
+    return QString::fromUtf8(QJsonDocument(jsonRows(sorted, rowCount)).toJson(QJsonDocument::Indented))
+        .trimmed();
+}
+
+QString CCliMatchFormatter::tsvHeader()
+{
+    return QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict");
+}
+
+QStringList CCliMatchFormatter::tsvRows(const QVector<CMatchResult> &sorted, int rowCount)
+{
+    QStringList lines;
     for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
         const RowTexts row = rowTexts(sorted.at(i), i + 1);
         lines << QStringList{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict}
                      .join(QLatin1Char('\t'));
     }
-    return lines.join(QLatin1Char('\n'));
+    return lines;
 }
 
-QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCount)
+QJsonArray CCliMatchFormatter::jsonRows(const QVector<CMatchResult> &sorted, int rowCount)
 {
     QJsonArray rows;
     for (int i = 0; i < rowCount && i < sorted.size(); ++i)
         rows.append(jsonRow(rowTexts(sorted.at(i), i + 1)));
-    return QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Indented)).trimmed();
+    return rows;
 }

@@ -625,9 +625,10 @@ void CColourImageWindow::runMatch(bool quiet)
         }
         return;
     }
-    m_results = CColourMatcher::match(m_libraryTable, m_sample);
     const CAppSettings *settings = AppContext::settings();
-    const int rows = CColourMatcher::rowsToShow(m_results, settings ? settings->maxRecordsDisplay : 4);
+    const int maxRecords = settings ? settings->maxRecordsDisplay : 4;
+    m_results = CColourMatcher(m_libraryTable).bestRows(m_sample, maxRecords);
+    const int rows = CColourMatcher::rowsToShow(m_results, maxRecords);
     m_resultsTable->setUpdatesEnabled(false);
     m_resultsTable->setRowCount(0);
     for (int i = 0; i < rows; ++i)
