@@ -72,7 +72,7 @@ private slots:
     void fractionToByteTruncates();
     void roundToFourDecimalsAddsHalfAndTruncates_data();
     void roundToFourDecimalsAddsHalfAndTruncates();
-    void cubeRootWithinOneUnitOfLibraryCubeRoot();
+    void cubeRootWithinTwoUnitsOfLibraryCubeRoot();
     void cubeRootOfSpecialValuesIsLibraryCubeRoot();
     void quickLabOfEveryEightBitColourWithinTrillionthOfExact();
 };
@@ -299,7 +299,7 @@ double ulpsApart(double a, double b)
 
 } // namespace
 
-void TestColourConversion::cubeRootWithinOneUnitOfLibraryCubeRoot()
+void TestColourConversion::cubeRootWithinTwoUnitsOfLibraryCubeRoot()
 {
     QRandomGenerator random(3);
     std::vector<double> values{0.008856, 0.0088560000001, 1.0, 2.0, 4.0, 8.0, 0.5, 0.25, 0.125,
@@ -315,7 +315,7 @@ void TestColourConversion::cubeRootWithinOneUnitOfLibraryCubeRoot()
         const double quick = cubeRoot(t);
         const double exact = std::cbrt(t);
         worst = std::max(worst, ulpsApart(quick, exact));
-        QVERIFY2(ulpsApart(quick, exact) <= 1.0,
+        QVERIFY2(ulpsApart(quick, exact) <= 2.0,
                  qPrintable(QStringLiteral("cbrt(%1): %2 against %3")
                                 .arg(t, 0, 'g', 17)
                                 .arg(quick, 0, 'g', 17)
