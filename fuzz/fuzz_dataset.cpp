@@ -27,8 +27,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (table.count() > 0 && table.serialise().isEmpty())
         std::abort(); // entries always write at least one line
     table.sort();
-    if (table.count() > 0)
-        table.removeAt(table.count() / 2);
-    table.removeAt(table.count() + 3);
+    if (table.count() > 0) {
+        // The entry is handed back to the caller, as the grid's delete does.
+        CColourTableEntry *entry = table.at(table.count() / 2);
+        if (!table.removeAt(table.count() / 2))
+            std::abort();
+        delete entry;
+    }
+    if (table.removeAt(table.count() + 3))
+        std::abort();
     return 0;
 }

@@ -186,8 +186,10 @@ double cubeRoot(double t)
 
 LabColour xyzToLabFast(double X, double Y, double Z)
 {
-    const double fx = labFFast(X / kWhiteX);
-    const double fy = labFFast(Y / kWhiteY);
-    const double fz = labFFast(Z / kWhiteZ);
+    // Multiplying by the reciprocal of the white point moves t by at most a
+    // unit in the last place, and its cube root by a third of that.
+    const double fx = labFFast(X * (1.0 / kWhiteX));
+    const double fy = labFFast(Y * (1.0 / kWhiteY));
+    const double fz = labFFast(Z * (1.0 / kWhiteZ));
     return {116.0 * fy - 16.0, 500.0 * (fx - fy), 200.0 * (fy - fz)};
 }

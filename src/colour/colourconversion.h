@@ -33,8 +33,8 @@ RgbColour xyzToRgb(double X, double Y, double Z);
 RgbColour labToRgb(double L, double a, double b);
 RgbColour labToRgb(const LabColour &lab);
 
-// The cube root of t within two units in the last place of std::cbrt,
-// several times faster (a table and a short polynomial, no division), in
+// The cube root of t within one unit in the last place of the true root,
+// about twice as fast (a table and a short polynomial, no division), in
 // plain arithmetic any compiler can build. Zero, subnormal, negative,
 // infinite and NaN arguments go to std::cbrt.
 double cubeRoot(double t);

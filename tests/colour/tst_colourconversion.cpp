@@ -72,7 +72,7 @@ private slots:
     void fractionToByteTruncates();
     void roundToFourDecimalsAddsHalfAndTruncates_data();
     void roundToFourDecimalsAddsHalfAndTruncates();
-    void cubeRootWithinTwoUnitsOfLibraryCubeRoot();
+    void cubeRootWithinOneUnitOfTheTrueCubeRoot();
     void cubeRootOfSpecialValuesIsLibraryCubeRoot();
     void quickLabOfEveryEightBitColourWithinTrillionthOfExact();
 };
@@ -299,7 +299,7 @@ double ulpsApart(double a, double b)
 
 } // namespace
 
-void TestColourConversion::cubeRootWithinTwoUnitsOfLibraryCubeRoot()
+void TestColourConversion::cubeRootWithinOneUnitOfTheTrueCubeRoot()
 {
     QRandomGenerator random(3);
     std::vector<double> values{0.008856, 0.0088560000001, 1.0, 2.0, 4.0, 8.0, 0.5, 0.25, 0.125,
@@ -313,15 +313,17 @@ void TestColourConversion::cubeRootWithinTwoUnitsOfLibraryCubeRoot()
     double worst = 0.0;
     for (const double t : values) {
         const double quick = cubeRoot(t);
-        const double exact = std::cbrt(t);
+        // The C library's double cbrt is itself up to about 3 units off;
+        // the extended-precision one, rounded, is the true root.
+        const double exact = static_cast<double>(std::cbrt(static_cast<long double>(t)));
         worst = std::max(worst, ulpsApart(quick, exact));
-        QVERIFY2(ulpsApart(quick, exact) <= 2.0,
+        QVERIFY2(ulpsApart(quick, exact) <= 1.0,
                  qPrintable(QStringLiteral("cbrt(%1): %2 against %3")
                                 .arg(t, 0, 'g', 17)
                                 .arg(quick, 0, 'g', 17)
                                 .arg(exact, 0, 'g', 17)));
     }
-    QVERIFY(worst > 0.0); // not std::cbrt itself
+    QVERIFY(worst > 0.0); // not the extended-precision cbrt itself
 }
 
 void TestColourConversion::cubeRootOfSpecialValuesIsLibraryCubeRoot()
