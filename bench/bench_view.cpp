@@ -63,14 +63,12 @@ struct Page
     {
         AppContext::initResources();
         settings = std::make_unique<CAppSettings>();
-        AppContext::setSettings(settings.get());
-        page = std::make_unique<CColourImageWindow>(nullptr);
+        page = std::make_unique<CColourImageWindow>(settings.get());
         page->resize(kPage);
         page->show();
         page->showImage(QStringLiteral("photo.png"), photograph());
         QCoreApplication::processEvents();
     }
-    ~Page() { AppContext::setSettings(nullptr); }
 
     CColourImageWindowView *view() const { return page->view(); }
     CImageWidget *label() const { return page->imageWidget(); }

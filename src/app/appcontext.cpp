@@ -10,8 +10,6 @@ namespace AppContext {
 
 namespace {
 QString g_widgetPrefix = QStringLiteral(":/resources/widgets/");
-CAppSettings *g_settings = nullptr;
-CMainWindow *g_mainWindow = nullptr;
 bool g_resourcesRegistered = false;
 } // namespace
 
@@ -44,13 +42,5 @@ void initResources()
     registerCompiledResources();
     g_resourcesRegistered = true;
 }
-
-CAppSettings *settings() { return g_settings; }
-
-void setSettings(CAppSettings *settings) { g_settings = settings; }
-
-CMainWindow *mainWindow() { return g_mainWindow; }
-
-void setMainWindow(CMainWindow *window) { g_mainWindow = window; }
 
 } // namespace AppContext

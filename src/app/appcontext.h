@@ -3,10 +3,7 @@
 #include <QIcon>
 #include <QString>
 
-class CAppSettings;
-class CMainWindow;
-
-// The program-wide objects and constants every page and dialog reaches.
+// The program-wide constants and resources every page and dialog reaches.
 namespace AppContext {
 
 QString productName();   // "Vellora"
@@ -21,10 +18,5 @@ void setWidgetPrefix(const QString &prefix);
 QIcon widgetIcon(const QString &name);
 // Registers the compiled-in images (needed once per process that shows widgets).
 void initResources();
-
-CAppSettings *settings();
-void setSettings(CAppSettings *settings);
-CMainWindow *mainWindow();
-void setMainWindow(CMainWindow *window);
 
 } // namespace AppContext

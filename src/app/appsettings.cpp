@@ -266,3 +266,8 @@ void CAppSettings::clearRecentFiles(CMainWindow *mainWindow)
     recentFiles.clear();
     save(mainWindow);
 }
+
+int CAppSettings::rgbFormatOf(const CAppSettings *settings)
+{
+    return settings ? settings->rgbFormat : 0;
+}

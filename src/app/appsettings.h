@@ -35,6 +35,10 @@ public:
     // Makes sure the data and library folders exist (first start).
     void createDataFolders();
 
+    // The RGB display format of `settings`; integer when there are none (a
+    // widget shown on its own).
+    static int rgbFormatOf(const CAppSettings *settings);
+
     // Reads a stored rectangle and fits it to the primary screen.
     QRect readRect(const QString &key, const QRect &defaultRect, QWidget *widget);
     // Widens `rect` to `minimum`, then pulls it back onto `screen`.

@@ -1,5 +1,7 @@
 #include "app/maintabbedwindow.h"
 
+#include "app/commandmapping.h"
+
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
@@ -22,8 +24,7 @@ QToolButton *CMainTabbedWindow::createToolButton(QAction *action, QSignalMapper 
     button->setCheckable(checkable);
     button->setFixedSize(46, 34);
     button->setIconSize(QSize(46, 34));
-    QObject::connect(action, SIGNAL(triggered()), mapper, SLOT(map()));
-    mapper->setMapping(action, commandId);
+    mapCommand(action, mapper, commandId);
     return button;
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "app/commandmapping.h"
 #include "data/chartdatawindow.h"
 #include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
@@ -37,13 +38,18 @@ const int kRecentEntries = 6;
 const int kRecentButtonWidth = 21;
 
 // Toolbar layout codes: a command id, or one of these.
-const int kLayoutEnd = -1;
-const int kLayoutExtraWidget = -2;
-const int kLayoutSeparator = -3;
-const int kLayoutWideSpacer = -4;
-const int kLayoutNarrowSpacer = -5;
-const int kLayoutStretch = -6;
-const int kToolBarLayout[] = {0, 1, -3, 2, -4, 6, 8, 7, -6, -3, 4, 3, -1};
+enum LayoutCode {
+    kLayoutEnd = -1,
+    kLayoutExtraWidget = -2,
+    kLayoutSeparator = -3,
+    kLayoutWideSpacer = -4,
+    kLayoutNarrowSpacer = -5,
+    kLayoutStretch = -6
+};
+const int kToolBarLayout[] = {CmdRecentImages, CmdOpenImage,    kLayoutSeparator, CmdConfigure,
+                              kLayoutWideSpacer, CmdZoomOut,     CmdZoomActual,    CmdZoomIn,
+                              kLayoutStretch,    kLayoutSeparator, CmdHelpContents, CmdExit,
+                              kLayoutEnd};
 
 QKeySequence zoomActualKey()
 {
@@ -106,18 +112,17 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     : QMainWindow(parent), m_versionTitle(versionTitle)
 {
     AppContext::initResources();
-    AppContext::setMainWindow(this);
-    m_settings = new CAppSettings;
-    AppContext::setSettings(m_settings);
-    m_imageSource = new CImageSource(this);
+    m_settings = std::make_unique<CAppSettings>();
+    m_imageSource = new CImageSource(m_settings.get(), this);
+    connect(m_imageSource, &CImageSource::fileOpened, this, &CMainWindow::rememberRecentFile);
     setWindowTitle(m_versionTitle);
     statusBar()->showMessage(tr("Ready"));
 
-    m_samplingPage = new CColourImageWindow(this, this);
-    m_dataPage = new CChartDataWindow(this, this);
+    m_samplingPage = new CColourImageWindow(m_settings.get(), this);
+    m_dataPage = new CChartDataWindow(m_settings.get(), this);
 
     m_commandMapper = new QSignalMapper(this);
-    connect(m_commandMapper, SIGNAL(mapped(int)), this, SLOT(processCommand(int)));
+    connect(m_commandMapper, &QSignalMapper::mappedInt, this, &CMainWindow::processCommand);
     commandTable()[CmdHelpContents].shortcut =
         nativeText(QKeySequence(QKeySequence::HelpContents));
     buildToolBar();
@@ -129,20 +134,34 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     m_helpRect = m_settings->restoreHelpLayout(rect, nullptr, &m_helpSplitA, &m_helpSplitB);
 
     buildTabs();
+    connectPages();
     auto *helpShortcut = new QShortcut(QKeySequence(tr("Alt+H")), this);
     connect(helpShortcut, &QShortcut::activated, this, [this]() { displayHelp(); });
 }
 
 CMainWindow::~CMainWindow()
 {
-    // The pages may still look at the settings while they go.
+    // Children are deleted after the members: the pages, which keep a
+    // pointer to the settings, must go first.
     delete m_tabWidget;
-    m_tabWidget = nullptr;
-    if (AppContext::settings() == m_settings)
-        AppContext::setSettings(nullptr);
-    delete m_settings;
-    if (AppContext::mainWindow() == this)
-        AppContext::setMainWindow(nullptr);
+}
+
+void CMainWindow::connectPages()
+{
+    connect(m_samplingPage, &CColourImageWindow::zoomChanged, this,
+            &CMainWindow::enableZoomCommands);
+    connect(m_samplingPage, &CColourImageWindow::statusMessage, this,
+            [this](const QString &text) { statusBar()->showMessage(text, 0); });
+    connect(m_samplingPage, &CColourImageWindow::addToDataSetRequested, this,
+            &CMainWindow::addColourToDataSet);
+    connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
+    connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
+}
+
+void CMainWindow::rememberRecentFile(const QString &path)
+{
+    m_settings->addRecentFile(this, path);
+    refreshRecentFiles();
 }
 
 QAction *CMainWindow::commandAction(int id) const
@@ -162,8 +181,7 @@ QAction *CMainWindow::createCommandAction(int id)
             action->setShortcut(QKeySequence::fromString(row.shortcut, QKeySequence::NativeText));
         action->setStatusTip(tr(row.statusTip));
     }
-    connect(action, SIGNAL(triggered()), m_commandMapper, SLOT(map()));
-    m_commandMapper->setMapping(action, id);
+    mapCommand(action, m_commandMapper, id);
     return action;
 }
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "app/commandid.h"
+
 #include <QMainWindow>
 #include <QList>
 #include <QRect>
+
+#include <memory>
 
 class CAppSettings;
 class CChartDataWindow;
@@ -15,19 +19,6 @@ class QTabWidget;
 class QToolBar;
 class QToolButton;
 
-// Command identifiers of the main toolbar.
-enum MainCommand {
-    CmdRecentImages = 0,
-    CmdOpenImage = 1,
-    CmdConfigure = 2,
-    CmdExit = 3,
-    CmdHelpContents = 4,
-    CmdAbout = 5,
-    CmdZoomOut = 6,
-    CmdZoomIn = 7,
-    CmdZoomActual = 8
-};
-
 // The one top-level window: owns the settings, the image source, the main
 // toolbar, the recent images menu, the status bar and the two tab pages.
 class CMainWindow : public QMainWindow
@@ -38,7 +29,7 @@ public:
     explicit CMainWindow(const QString &versionTitle, QWidget *parent = nullptr);
     ~CMainWindow() override;
 
-    CAppSettings *settings() const { return m_settings; }
+    CAppSettings *settings() const { return m_settings.get(); }
     CColourImageWindow *samplingPage() const { return m_samplingPage; }
     CChartDataWindow *dataPage() const { return m_dataPage; }
     CImageSource *imageSource() const { return m_imageSource; }
@@ -50,14 +41,6 @@ public:
 
     // Enables or disables every toolbar action of a command.
     void enableCommand(int id, bool enable);
-    // Zoom in below 15, zoom out from 1, actual size away from 7.
-    void enableZoomCommands(int zoomIndex);
-    // Adds a picked colour to the data set; on success shows the data page.
-    bool addColourToDataSet(double red, double green, double blue);
-    // Active page's title part + the version title.
-    void updateTitle();
-    // Refills the recent images menu and the enabled state of its button.
-    void refreshRecentFiles();
 
     // The help window while it exists (nullptr before the first help request)
     // and its splitter sizes, for the settings save.
@@ -72,6 +55,14 @@ public:
     void applyConfigurationChanges(const QString &libraryDirBefore);
 
 public slots:
+    // Zoom in below 15, zoom out from 1, actual size away from 7.
+    void enableZoomCommands(int zoomIndex);
+    // Adds a picked colour to the data set; on success shows the data page.
+    bool addColourToDataSet(double red, double green, double blue);
+    // Active page's title part + the version title.
+    void updateTitle();
+    // Refills the recent images menu and the enabled state of its button.
+    void refreshRecentFiles();
     void displayHelp(const QString &page = QString());
     void processCommand(int action);
     void openRecentFile();
@@ -86,6 +77,8 @@ private:
     QAction *createCommandAction(int id);
     void addRecentButton(QAction *action);
     void buildTabs();
+    void connectPages();
+    void rememberRecentFile(const QString &path);
     void runConfiguration();
     bool execConfigurationDialog();
     void closeHelpWindow();
@@ -94,7 +87,7 @@ private:
     void showOpenedImage();
 
     QString m_versionTitle;
-    CAppSettings *m_settings = nullptr;
+    std::unique_ptr<CAppSettings> m_settings;
     QSignalMapper *m_commandMapper = nullptr;
     QMenu *m_recentMenu = nullptr;
     QList<QAction *> m_recentActions;

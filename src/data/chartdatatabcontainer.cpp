@@ -12,13 +12,13 @@ namespace {
 const int kTabIconSize = 24;
 } // namespace
 
-CChartDataTabContainer::CChartDataTabContainer(CChartDataWindow *page, CDataColourTable *table,
+CChartDataTabContainer::CChartDataTabContainer(const CAppSettings *settings, CDataColourTable *table,
                                                QWidget *parent)
     : QWidget(parent)
 {
     m_tabs = new QTabWidget(this);
     m_tabs->setIconSize(QSize(kTabIconSize, kTabIconSize));
-    m_grid = new CDataGrid(page, table, m_tabs);
+    m_grid = new CDataGrid(settings, table, m_tabs);
     const int index = m_tabs->addTab(
         m_grid, AppContext::widgetIcon(QStringLiteral("sm_toolbar/btn_toolbar_table.png")),
         QString());

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 class CChart3dPlot;
-class CChartDataWindow;
+class CAppSettings;
 class CChartTernary;
 class CDataColourTable;
 class CDataGrid;
@@ -16,7 +16,7 @@ class CChartDataTabContainer : public QWidget
     Q_OBJECT
 
 public:
-    CChartDataTabContainer(CChartDataWindow *page, CDataColourTable *table,
+    CChartDataTabContainer(const CAppSettings *settings, CDataColourTable *table,
                            QWidget *parent = nullptr);
 
     QTabWidget *tabWidget() const { return m_tabs; }

@@ -2,7 +2,6 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
-#include "app/mainwindow.h"
 #include "app/tablemessages.h"
 #include "data/chartdatatabcontainer.h"
 #include "data/datagrid.h"
@@ -29,24 +28,20 @@ QString dataFileFilter()
                                        "Data File(*.txt *.csv);;All files (*.*)");
 }
 
-QString dataFolderSetting()
-{
-    const CAppSettings *settings = AppContext::settings();
-    return settings ? settings->dataDir : QString();
-}
-
 } // namespace
 
-CChartDataWindow::CChartDataWindow(CMainWindow *mainWindow, QWidget *parent)
-    : CMainTabbedWindow(parent), m_mainWindow(mainWindow),
+CChartDataWindow::CChartDataWindow(CAppSettings *settings, QWidget *parent)
+    : CMainTabbedWindow(parent), m_settings(settings),
       m_saveIcon(AppContext::widgetIcon(QStringLiteral("sm_toolbar/btn_toolbar_save_data.png"))),
       m_saveModifiedIcon(
           AppContext::widgetIcon(QStringLiteral("sm_toolbar/btn_toolbar_save_data_mod.png")))
 {
     m_mapper = new QSignalMapper(this);
-    connect(m_mapper, SIGNAL(mapped(int)), this, SLOT(processCommand(int)));
-    m_container = new CChartDataTabContainer(this, &m_table, this);
+    connect(m_mapper, &QSignalMapper::mappedInt, this, &CChartDataWindow::processCommand);
+    m_container = new CChartDataTabContainer(m_settings, &m_table, this);
     m_model = m_container->grid()->model();
+    connect(m_model, &CDataModel::modifiedChanged, this, &CChartDataWindow::showSaveIcon);
+    connect(m_model, &CDataModel::titleChanged, this, &CChartDataWindow::titleChanged);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -139,10 +134,9 @@ void CChartDataWindow::showSaveIcon(bool modified)
     m_saveButton->defaultAction()->setIcon(modified ? m_saveModifiedIcon : m_saveIcon);
 }
 
-void CChartDataWindow::requestTitleUpdate()
+QString CChartDataWindow::dataFolderSetting() const
 {
-    if (m_mainWindow)
-        m_mainWindow->updateTitle();
+    return m_settings ? m_settings->dataDir : QString();
 }
 
 void CChartDataWindow::processCommand(int action)
@@ -229,10 +223,9 @@ bool CChartDataWindow::saveAs()
 
 void CChartDataWindow::rememberDataFolder(const QString &filePath)
 {
-    CAppSettings *settings = AppContext::settings();
     const QString folder = QFileInfo(filePath).canonicalPath();
-    if (settings && !folder.isEmpty() && settings->dataDir != folder)
-        settings->dataDir = folder;
+    if (m_settings && !folder.isEmpty() && m_settings->dataDir != folder)
+        m_settings->dataDir = folder;
 }
 
 bool CChartDataWindow::open()
@@ -256,16 +249,15 @@ bool CChartDataWindow::openFile(const QString &path)
     m_model->setTable(&m_table);
     if (result.status == CColourTable::Loaded)
         m_table.setUntitled(false);
-    requestTitleUpdate();
+    emit titleChanged();
     return CTableMessages::reportDataTableLoad(this, result, path);
 }
 
 bool CChartDataWindow::addColour(double red, double green, double blue)
 {
-    CDlgDataColourAdd dialog(this, this, &m_table, red, green, blue);
-    if (m_mainWindow)
-        connect(&dialog, &CDlgDataColourAdd::displayHelpSignal, m_mainWindow,
-                &CMainWindow::displayHelp);
+    CDlgDataColourAdd dialog(this, m_settings, &m_table, red, green, blue);
+    connect(&dialog, &CDlgDataColourAdd::displayHelpSignal, this,
+            &CChartDataWindow::helpRequested);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     switch (dialog.choice()) {

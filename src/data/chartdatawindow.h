@@ -1,30 +1,30 @@
 #pragma once
 
+#include "app/commandid.h"
 #include "app/maintabbedwindow.h"
 #include "tables/datacolourtable.h"
 
 #include <QIcon>
 
+class CAppSettings;
 class CChartDataTabContainer;
 class CDataGrid;
 class CDataModel;
-class CMainWindow;
 class QSignalMapper;
 class QToolBar;
 class QToolButton;
 
-// Command identifiers of the data page (they continue the main toolbar's).
-enum DataCommand { CmdNewData = 9, CmdOpenData = 10, CmdSaveData = 11, CmdSaveDataAs = 12 };
-
 // The "Data" page: one data set shown in a grid, with New, Open, Save and
 // Save As on its own toolbar. It answers whether unsaved changes may go and
-// adds picked colours through the add-colour dialog.
+// adds picked colours through the add-colour dialog. Title changes and help
+// requests are signalled to whoever shows the page.
 class CChartDataWindow : public CMainTabbedWindow
 {
     Q_OBJECT
 
 public:
-    CChartDataWindow(CMainWindow *mainWindow, QWidget *parent = nullptr);
+    // `settings` may be null (a page shown on its own).
+    explicit CChartDataWindow(CAppSettings *settings, QWidget *parent = nullptr);
     ~CChartDataWindow() override;
 
     // "Untitled - " for a set started by New, "<file name> - " for a set
@@ -41,9 +41,8 @@ public:
     // failures are reported in message boxes. True when loaded.
     bool openFile(const QString &path);
 
-    // Called by the model when the modified flag changes.
+    // Follows the model's modified flag.
     void showSaveIcon(bool modified);
-    void requestTitleUpdate();
 
     bool isModified() const;
     CDataColourTable *dataTable() { return &m_table; }
@@ -56,6 +55,12 @@ public:
 public slots:
     void processCommand(int action);
 
+signals:
+    // The page's part of the window title may have changed.
+    void titleChanged();
+    // A dialog of the page asked for a help page.
+    void helpRequested(const QString &page);
+
 private:
     QToolBar *buildToolBar();
     QToolButton *addCommandButton(int id, const QString &toolTip, const QIcon &icon,
@@ -67,7 +72,9 @@ private:
     QString saveAsStartFolder() const;
     void rememberDataFolder(const QString &filePath);
 
-    CMainWindow *m_mainWindow = nullptr;
+    QString dataFolderSetting() const;
+
+    CAppSettings *m_settings = nullptr;
     QSignalMapper *m_mapper = nullptr;
     CDataColourTable m_table;
     CDataModel *m_model = nullptr;

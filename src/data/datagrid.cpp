@@ -8,7 +8,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-CDataGrid::CDataGrid(CChartDataWindow *page, CDataColourTable *table, QWidget *parent)
+CDataGrid::CDataGrid(const CAppSettings *settings, CDataColourTable *table, QWidget *parent)
     : QWidget(parent)
 {
     setStyleSheet(QStringLiteral("border:0px;"));
@@ -16,7 +16,8 @@ CDataGrid::CDataGrid(CChartDataWindow *page, CDataColourTable *table, QWidget *p
     m_view->setMouseTracking(true); // the delegate follows the pointer over its buttons
     m_view->setAttribute(Qt::WA_MouseTracking);
     m_view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    m_model = new CDataModel(page, table, this);
+    m_model = new CDataModel(settings, table, this);
+    m_model->setDialogParent(this);
     m_delegate = new CDataGridDelegate(this);
     m_view->setModel(m_model);
     m_view->setItemDelegate(m_delegate);

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class CChartDataWindow;
+class CAppSettings;
 class CDataColourTable;
 class CDataGridDelegate;
 class CDataModel;
@@ -15,7 +15,7 @@ class CDataGrid : public QWidget
     Q_OBJECT
 
 public:
-    CDataGrid(CChartDataWindow *page, CDataColourTable *table, QWidget *parent = nullptr);
+    CDataGrid(const CAppSettings *settings, CDataColourTable *table, QWidget *parent = nullptr);
 
     QTableView *view() const { return m_view; }
     CDataModel *model() const { return m_model; }

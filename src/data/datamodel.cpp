@@ -3,20 +3,12 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
-#include "data/chartdatawindow.h"
 #include "help/textinputdlg.h"
 #include "tables/datacolourtable.h"
 
 namespace {
 
 const int kGridDecimals = 4;
-
-// The user's RGB display format; integer while no settings exist.
-int rgbFormat()
-{
-    const CAppSettings *settings = AppContext::settings();
-    return settings ? settings->rgbFormat : 0;
-}
 
 QString labText(double value)
 {
@@ -25,11 +17,16 @@ QString labText(double value)
 
 } // namespace
 
-CDataModel::CDataModel(CChartDataWindow *page, CDataColourTable *table, QObject *parent)
-    : QAbstractTableModel(parent), m_page(page), m_table(table)
+CDataModel::CDataModel(const CAppSettings *settings, CDataColourTable *table, QObject *parent)
+    : QAbstractTableModel(parent), m_settings(settings), m_table(table)
 {
     m_headers << tr(" ") << tr("Colour Name") << tr("Red") << tr("Green") << tr("Blue")
               << tr("L*") << tr("a*") << tr("b*") << tr("Edit") << tr("Delete") << tr(" ");
+}
+
+int CDataModel::rgbFormat() const
+{
+    return CAppSettings::rgbFormatOf(m_settings);
 }
 
 int CDataModel::rowCount(const QModelIndex &parent) const
@@ -127,14 +124,12 @@ void CDataModel::appendEntry(CColourTableEntry *entry)
 void CDataModel::setModified(bool modified)
 {
     m_modified = modified;
-    if (m_page)
-        m_page->showSaveIcon(modified);
+    emit modifiedChanged(modified);
     emit layoutAboutToBeChanged();
     emit layoutChanged();
     if (rowCount() > 0)
         emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
-    if (m_page)
-        m_page->requestTitleUpdate();
+    emit titleChanged();
 }
 
 void CDataModel::editRecord(const QModelIndex &index)
@@ -143,7 +138,7 @@ void CDataModel::editRecord(const QModelIndex &index)
         return;
     CColourTableEntry *entry = m_table->at(index.row());
     CTextInputDlg dialog(AppContext::productName() + tr(" - Edit Record"), tr("Renaming:"),
-                         entry->name, tr("New Name:"), tr("Please enter a new name."), m_page,
+                         entry->name, tr("New Name:"), tr("Please enter a new name."), m_dialogParent,
                          QString(), true);
     if (dialog.exec() != QDialog::Accepted || dialog.text() == entry->name)
         return;

@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
-class CChartDataWindow;
+class CAppSettings;
 class CColourTableEntry;
 class CDataColourTable;
 
@@ -33,8 +33,10 @@ public:
     // Button states kept per row in the data set's marker lists.
     enum ButtonState { ButtonNormal = 0, ButtonHover = 1, ButtonPressed = 2 };
 
-    // `page` may be null (a grid shown on its own); the table is not owned.
-    CDataModel(CChartDataWindow *page, CDataColourTable *table, QObject *parent = nullptr);
+    // `settings` may be null (integer RGB then); the table is not owned.
+    CDataModel(const CAppSettings *settings, CDataColourTable *table, QObject *parent = nullptr);
+    // The window the rename prompt opens over.
+    void setDialogParent(QWidget *parent) { m_dialogParent = parent; }
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -51,9 +53,13 @@ public:
     void appendEntry(CColourTableEntry *entry);
 
     bool isModified() const { return m_modified; }
-    // Stores the flag, swaps the page's Save icon, repaints every row and
-    // has the window title recomposed.
+    // Stores the flag, announces it (the page swaps its Save icon), repaints
+    // every row and asks for the window title to be recomposed.
     void setModified(bool modified);
+
+signals:
+    void modifiedChanged(bool modified);
+    void titleChanged();
 
 public slots:
     // Renames the row's entry through the text prompt.
@@ -65,7 +71,10 @@ private:
     bool isDataRow(const QModelIndex &index) const;
     QVariant displayText(int row, int column) const;
 
-    CChartDataWindow *m_page = nullptr;
+    int rgbFormat() const;
+
+    const CAppSettings *m_settings = nullptr;
+    QWidget *m_dialogParent = nullptr;
     CDataColourTable *m_table = nullptr;
     QStringList m_headers;
     bool m_modified = false;

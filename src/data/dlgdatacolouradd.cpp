@@ -21,18 +21,13 @@ namespace {
 
 const int kDialogDecimals = 2;
 
-int rgbFormat()
-{
-    const CAppSettings *settings = AppContext::settings();
-    return settings ? settings->rgbFormat : 0;
-}
 
 } // namespace
 
-CDlgDataColourAdd::CDlgDataColourAdd(QWidget *parent, CChartDataWindow *page,
+CDlgDataColourAdd::CDlgDataColourAdd(QWidget *parent, const CAppSettings *settings,
                                      const CDataColourTable *table, double red, double green,
                                      double blue)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint), m_page(page), m_table(table), m_red(red),
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint), m_settings(settings), m_table(table), m_red(red),
       m_green(green), m_blue(blue)
 {
     setWindowTitle(AppContext::productName() + tr(" - Add Colour Data"));
@@ -59,7 +54,7 @@ QLayout *CDlgDataColourAdd::buildColourPanel()
     frameLayout->setContentsMargins(1, 1, 1, 1);
     frameLayout->addWidget(m_swatch);
 
-    const QStringList rgb = formatRgb(m_red, m_green, m_blue, kDialogDecimals, false, rgbFormat());
+    const QStringList rgb = formatRgb(m_red, m_green, m_blue, kDialogDecimals, false, CAppSettings::rgbFormatOf(m_settings));
     const QStringList lab = formatLab(m_red, m_green, m_blue, kDialogDecimals);
     auto *texts = new QVBoxLayout;
     texts->addWidget(new QLabel(tr("R:%1, G:%2, B:%3").arg(rgb.at(0), rgb.at(1), rgb.at(2)), this));

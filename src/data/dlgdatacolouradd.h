@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-class CChartDataWindow;
+class CAppSettings;
 class CDataColourTable;
 class QButtonGroup;
 class QLabel;
@@ -20,7 +20,7 @@ class CDlgDataColourAdd : public QDialog
 public:
     enum Choice { AddToCurrent = 0, OpenAndAdd = 1, AddToNew = 2 };
 
-    CDlgDataColourAdd(QWidget *parent, CChartDataWindow *page, const CDataColourTable *table,
+    CDlgDataColourAdd(QWidget *parent, const CAppSettings *settings, const CDataColourTable *table,
                       double red, double green, double blue);
 
     // The trimmed name and the destination of an accepted dialog.
@@ -50,7 +50,7 @@ private:
     void setInitialDestination();
     bool confirmDuplicateName(const QString &name);
 
-    CChartDataWindow *m_page = nullptr;
+    const CAppSettings *m_settings = nullptr;
     const CDataColourTable *m_table = nullptr;
     double m_red = 0.0;
     double m_green = 0.0;

@@ -2,15 +2,13 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
-#include "app/mainwindow.h"
-#include "app/tablemessages.h"
-#include "colour/colouraverage.h"
-#include "colour/colourformat.h"
 #include "colour/imageregionaverage.h"
-#include "colour/matchscore.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/imagewidget.h"
+#include "sample/libraryselector.h"
+#include "sample/matchresultsview.h"
 #include "sample/multipleselect.h"
+#include "sample/samplepanel.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -19,13 +17,10 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QImage>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSignalMapper>
-#include <QStatusBar>
-#include <QTableWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -35,25 +30,12 @@ namespace {
 const int kFirstCommand = CmdMaintainLibrary;
 const int kLastCommand = CmdClearMultiple;
 const int kSectionSpacing = 17;
-const int kSwatchWidth = 34;
-const int kSwatchHeight = 51;
-const int kResultSwatchWidth = 34;
-const int kDecimals = 2;
-
-const QColor kWhite(255, 255, 255);
 
 QLabel *centredCaption(const QString &text, QWidget *parent)
 {
     auto *label = new QLabel(text, parent);
     label->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     return label;
-}
-
-void keepSpaceWhenHidden(QWidget *widget)
-{
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
 }
 
 QHBoxLayout *bareRow(QWidget *owner)
@@ -72,15 +54,17 @@ QVBoxLayout *bareColumn(QWidget *owner)
 
 } // namespace
 
-CColourImageWindow::CColourImageWindow(CMainWindow *mainWindow, QWidget *parent)
-    : CMainTabbedWindow(parent), m_mainWindow(mainWindow)
+CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
+    : CMainTabbedWindow(parent), m_settings(settings)
 {
     m_clearItemMapper = new QSignalMapper(this);
-    connect(m_clearItemMapper, SIGNAL(mapped(int)), this, SLOT(multiSelectClearItem(int)));
+    connect(m_clearItemMapper, &QSignalMapper::mappedInt, this,
+            &CColourImageWindow::multiSelectClearItem);
     m_buttons.fill(nullptr, kLastCommand - kFirstCommand + 1);
     m_view = new CColourImageWindowView(this);
+    connectView();
     m_mapper = new QSignalMapper(this);
-    connect(m_mapper, SIGNAL(mapped(int)), this, SLOT(processCommand(int)));
+    connect(m_mapper, &QSignalMapper::mappedInt, this, &CColourImageWindow::processCommand);
 
     QToolBar *panel = buildPanel();
     auto *layout = new QHBoxLayout(this);
@@ -91,6 +75,17 @@ CColourImageWindow::CColourImageWindow(CMainWindow *mainWindow, QWidget *parent)
 }
 
 CColourImageWindow::~CColourImageWindow() = default;
+
+void CColourImageWindow::connectView()
+{
+    connect(m_view, &CColourImageWindowView::zoomChanged, this,
+            &CColourImageWindow::setZoomIndex);
+    // A new picture starts with an empty sample, keeping the pick modes.
+    connect(m_view, &CColourImageWindowView::imageChanged, this, [this]() { resetPage(false); });
+    connect(imageWidget(), &CImageWidget::picked, this, &CColourImageWindow::pickImageRegion);
+    connect(imageWidget(), &CImageWidget::statusMessage, this,
+            &CColourImageWindow::statusMessage);
+}
 
 // ---- Panel -----------------------------------------------------------------
 
@@ -141,10 +136,8 @@ QWidget *CColourImageWindow::buildPickingSection(QWidget *parent)
     QVBoxLayout *layout = bareColumn(section);
     layout->addWidget(buildPickModeRow(section));
     layout->addWidget(buildPickSizeRow(section));
-    m_rgbCaption = centredCaption(tr("RGB=Red,Green,Blue"), section);
-    keepSpaceWhenHidden(m_rgbCaption);
-    layout->addWidget(m_rgbCaption);
-    layout->addWidget(buildSamplePanel(section));
+    m_samplePanel = new CSamplePanel(section);
+    layout->addWidget(m_samplePanel);
     layout->addSpacing(kSectionSpacing);
     return section;
 }
@@ -174,49 +167,10 @@ QWidget *CColourImageWindow::buildPickSizeRow(QWidget *parent)
     m_pickSizeCombo = new QComboBox(row);
     for (int size : {1, 3, 5, 7, 9})
         m_pickSizeCombo->addItem(QStringLiteral("%1x%1").arg(size), size);
-    connect(m_pickSizeCombo, SIGNAL(currentIndexChanged(int)), this,
-            SLOT(colourPickSizeChanged(int)));
+    connect(m_pickSizeCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &CColourImageWindow::colourPickSizeChanged);
     layout->addWidget(m_pickSizeCombo);
     return row;
-}
-
-QWidget *CColourImageWindow::buildSamplePanel(QWidget *parent)
-{
-    auto *panel = new QWidget(parent);
-    QVBoxLayout *layout = bareColumn(panel);
-
-    auto *swatchRow = new QHBoxLayout;
-    m_swatchFrame = new QWidget(panel);
-    m_swatchFrame->setFixedSize(kSwatchWidth, kSwatchHeight);
-    QHBoxLayout *frameLayout = bareRow(m_swatchFrame);
-    m_swatch = new QLabel(m_swatchFrame);
-    frameLayout->addWidget(m_swatch);
-    swatchRow->addStretch();
-    swatchRow->addWidget(m_swatchFrame);
-    swatchRow->addStretch();
-    layout->addLayout(swatchRow);
-    layout->addWidget(buildSampleGrid(panel));
-    return panel;
-}
-
-QWidget *CColourImageWindow::buildSampleGrid(QWidget *parent)
-{
-    static const char *const captions[] = {QT_TR_NOOP("R:"),  QT_TR_NOOP("G:"),
-                                           QT_TR_NOOP("B:"),  QT_TR_NOOP("L*:"),
-                                           QT_TR_NOOP("a*:"), QT_TR_NOOP("b*:")};
-    auto *grid = new QWidget(parent);
-    auto *layout = new QGridLayout(grid);
-    layout->setContentsMargins(0, 0, 0, 0);
-    for (int i = 0; i < 6; ++i) {
-        QLabel *caption = createCaptionLabel(tr(captions[i]), grid);
-        QLabel *value = createValueLabel(grid);
-        const int column = i < 3 ? 0 : 2;
-        layout->addWidget(caption, i % 3, column);
-        layout->addWidget(value, i % 3, column + 1);
-        m_captions.append(caption);
-        m_values.append(value);
-    }
-    return grid;
 }
 
 QWidget *CColourImageWindow::buildMultipleSection(QWidget *parent)
@@ -256,10 +210,10 @@ void CColourImageWindow::buildMatchSection(QWidget *parent, QVBoxLayout *layout)
                                            QStringLiteral("sm_toolbar/btn_toolbar_add_lib.png"),
                                            false, parent));
     libraryRow->addStretch();
-    m_libraryCombo = new QComboBox(parent);
-    connect(m_libraryCombo, SIGNAL(currentIndexChanged(int)), this,
-            SLOT(colourTableComboListChanged(int)));
-    libraryRow->addWidget(m_libraryCombo);
+    m_library = new CLibrarySelector(m_settings, parent);
+    connect(m_library, &CLibrarySelector::tableSelected, this,
+            &CColourImageWindow::colourTableComboListChanged);
+    libraryRow->addWidget(m_library);
     libraryRow->addSpacing(8);
     libraryRow->addWidget(addCommandButton(CmdMaintainLibrary, tr("Maintain Colour Library"),
                                            QStringLiteral("sm_toolbar/btn_toolbar_maintain.png"),
@@ -276,30 +230,32 @@ void CColourImageWindow::buildMatchSection(QWidget *parent, QVBoxLayout *layout)
                                          false, parent));
     layout->addLayout(matchRow);
     layout->addSpacing(kSectionSpacing);
-    buildResultsTable(parent);
-    layout->addWidget(m_resultsTable, 1);
+    m_results = new CMatchResultsView(m_settings, parent);
+    layout->addWidget(m_results, 1);
     layout->addStretch();
 }
 
-void CColourImageWindow::buildResultsTable(QWidget *parent)
+// ---- Parts seen from outside -------------------------------------------------
+
+CImageWidget *CColourImageWindow::imageWidget() const { return m_view->imageWidget(); }
+
+const CLibColourTable &CColourImageWindow::libraryTable() const { return m_library->table(); }
+
+QComboBox *CColourImageWindow::libraryCombo() const { return m_library; }
+
+QTableWidget *CColourImageWindow::resultsTable() const { return m_results; }
+
+QLabel *CColourImageWindow::swatch() const { return m_samplePanel->swatch(); }
+
+QWidget *CColourImageWindow::swatchFrame() const { return m_samplePanel->swatchFrame(); }
+
+QLabel *CColourImageWindow::sampleCaption() const { return m_samplePanel->caption(); }
+
+QLabel *CColourImageWindow::sampleValue(int index) const { return m_samplePanel->value(index); }
+
+QLabel *CColourImageWindow::sampleValueCaption(int index) const
 {
-    m_resultsTable = new QTableWidget(parent);
-    m_resultsTable->setToolTip(QString());
-    m_resultsTable->setStyleSheet(
-        QStringLiteral("QTableView::item {padding-left:5px; padding-right:5px; "
-                       "padding-top:3px; padding-bottom:3px; border:0px;}"));
-    m_resultsTable->setColumnCount(3);
-    QHeaderView *header = m_resultsTable->horizontalHeader();
-    header->setSectionResizeMode(QHeaderView::Stretch);
-    header->setSectionResizeMode(0, QHeaderView::Fixed);
-    // The style's minimum would widen the swatch column.
-    header->setMinimumSectionSize(kResultSwatchWidth);
-    m_resultsTable->setColumnWidth(0, kResultSwatchWidth);
-    m_resultsTable->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->hide();
-    m_resultsTable->verticalHeader()->hide();
-    m_resultsTable->setSelectionMode(QAbstractItemView::NoSelection);
-    m_resultsTable->setFocusPolicy(Qt::NoFocus);
+    return m_samplePanel->valueCaption(index);
 }
 
 // ---- Page interface ----------------------------------------------------------
@@ -324,55 +280,30 @@ void CColourImageWindow::showImage(const QString &path, const QImage &image)
     m_view->setImage(image);
 }
 
-void CColourImageWindow::zoomStep(int command)
-{
-    m_view->zoomStep(command);
-}
+void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }
 
-int CColourImageWindow::zoomIndex() const
-{
-    return m_zoomIndex;
-}
+int CColourImageWindow::zoomIndex() const { return m_zoomIndex; }
 
 void CColourImageWindow::setZoomIndex(int index)
 {
     m_zoomIndex = index;
-    // The first reset runs before the main window has built its toolbar.
-    if (m_mainWindow && m_mainWindow->mainToolBar())
-        m_mainWindow->enableZoomCommands(index);
+    emit zoomChanged(index);
 }
 
-CImageWidget *CColourImageWindow::imageWidget() const
-{
-    return m_view->imageWidget();
-}
-
-void CColourImageWindow::showStatusMessage(const QString &text)
-{
-    if (m_mainWindow)
-        m_mainWindow->statusBar()->showMessage(text, 0);
-}
+void CColourImageWindow::showStatusMessage(const QString &text) { emit statusMessage(text); }
 
 bool CColourImageWindow::rgbAverage() const
 {
-    const CAppSettings *settings = AppContext::settings();
-    return settings ? settings->rgbAverage : true;
+    return m_settings ? m_settings->rgbAverage : true;
 }
 
-int CColourImageWindow::rgbFormat() const
-{
-    const CAppSettings *settings = AppContext::settings();
-    return settings ? settings->rgbFormat : 0;
-}
+int CColourImageWindow::rgbFormat() const { return CAppSettings::rgbFormatOf(m_settings); }
 
 void CColourImageWindow::refreshAfterSettingsChange()
 {
-    for (CMultipleSelect *entry : qAsConst(m_slots)) {
-        if (entry->inUse())
-            entry->setColour(entry->colour(), rgbFormat());
-    }
+    showSelectionSlots(0);
     // The averaging rule may have changed: the kept picks are averaged anew.
-    if (m_multipleCount > 0)
+    if (!m_selection.isEmpty())
         installMultipleAverage();
     refreshSampleText();
     runMatch(true);
@@ -390,7 +321,7 @@ void CColourImageWindow::processCommand(int action)
         runMatch(false);
         break;
     case CmdAddToDataSet:
-        addSampleToDataSet();
+        emit addToDataSetRequested(m_sample.red, m_sample.green, m_sample.blue);
         break;
     case CmdAddToLibrary:
         addSampleToLibrary();
@@ -453,41 +384,19 @@ void CColourImageWindow::pickImageRegion(const QRect &imageRect)
 void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
 {
     m_sample = colour;
-    const QStringList rgb =
-        formatRgb(colour.red, colour.green, colour.blue, kDecimals, false, rgbFormat());
-    const QStringList lab = formatLab(colour.red, colour.green, colour.blue, kDecimals);
-    QString swatchStyle;
+    m_samplePresent = !clear;
     if (clear) {
-        m_samplePresent = false;
-        m_swatchFrame->setStyleSheet(QStringLiteral("border:1px transparent"));
-        swatchStyle = QStringLiteral("background:transparent;");
-    } else {
-        m_samplePresent = true;
-        enableSampleCommands(true);
-        m_swatchFrame->setStyleSheet(QStringLiteral("border:1px solid black"));
-        swatchStyle = QStringLiteral("background-color:%1;")
-                          .arg(colourName(colour.red, colour.green, colour.blue));
-        for (int i = 0; i < 3; ++i) {
-            m_values.at(i)->setText(rgb.at(i));
-            m_values.at(i + 3)->setText(lab.at(i));
-        }
+        m_samplePanel->showEmpty();
+        return;
     }
-    m_rgbCaption->setVisible(!clear);
-    for (int i = 0; i < m_values.size(); ++i) {
-        m_captions.at(i)->setVisible(!clear);
-        m_values.at(i)->setVisible(!clear);
-    }
-    m_swatch->setStyleSheet(swatchStyle);
+    enableSampleCommands(true);
+    m_samplePanel->showColour(colour, rgbFormat());
 }
 
 void CColourImageWindow::refreshSampleText()
 {
-    if (!m_samplePresent)
-        return;
-    const QStringList rgb =
-        formatRgb(m_sample.red, m_sample.green, m_sample.blue, kDecimals, false, rgbFormat());
-    for (int i = 0; i < 3; ++i)
-        m_values.at(i)->setText(rgb.at(i));
+    if (m_samplePresent)
+        m_samplePanel->refreshRgb(m_sample, rgbFormat());
 }
 
 void CColourImageWindow::enableSampleCommands(bool enable)
@@ -501,60 +410,55 @@ void CColourImageWindow::enableSampleCommands(bool enable)
 
 void CColourImageWindow::addToMultipleSelection(const RgbColour &colour, const QRect &rect)
 {
-    if (m_multipleCount >= kMultipleSlots) {
+    if (!m_selection.add(colour, rect)) {
         m_maximumNotice->show();
         redrawSelectionMarks();
         return;
     }
-    CMultipleSelect *entry = m_slots.at(m_multipleCount);
-    entry->setInUse(true);
-    entry->setRect(rect);
-    entry->setColour(colour, rgbFormat());
-    ++m_multipleCount;
+    showSelectionSlots(m_selection.count() - 1);
     commandButton(CmdClearMultiple)->setEnabled(true);
     installMultipleAverage();
     redrawSelectionMarks();
 }
 
-void CColourImageWindow::installMultipleAverage()
+// The rows from `from` on show the entries at their positions; the rest hide.
+void CColourImageWindow::showSelectionSlots(int from)
 {
-    QVector<RgbColour> colours;
-    for (const CMultipleSelect *entry : qAsConst(m_slots)) {
-        if (entry->inUse())
-            colours.append(entry->colour());
+    for (int position = from; position < m_slots.size(); ++position) {
+        CMultipleSelect *slot = m_slots.at(position);
+        const bool used = position < m_selection.count();
+        if (used) {
+            slot->setRect(m_selection.at(position).rect);
+            slot->setColour(m_selection.at(position).colour, rgbFormat());
+        }
+        slot->setInUse(used);
     }
-    setSample(averageColours(colours, rgbAverage()), false);
 }
 
-// Later entries move up one place, so the numbers stay the positions.
+void CColourImageWindow::installMultipleAverage()
+{
+    setSample(m_selection.average(rgbAverage()), false);
+}
+
 void CColourImageWindow::multiSelectClearItem(int position)
 {
-    if (position < 0 || position >= kMultipleSlots)
+    if (!m_selection.removeAt(position))
         return;
-    m_slots.at(position)->setInUse(false);
-    for (int k = position; k < kMultipleSlots - 1; ++k) {
-        const CMultipleSelect *next = m_slots.at(k + 1);
-        if (next->inUse())
-            m_slots.at(k)->copyFrom(*next, rgbFormat());
-        m_slots.at(k)->setInUse(next->inUse());
-    }
-    m_slots.last()->setInUse(false);
-    if (m_multipleCount < 2)
+    showSelectionSlots(position);
+    if (m_selection.isEmpty())
         commandButton(CmdClearMultiple)->setEnabled(false);
-    m_multipleCount = std::max(m_multipleCount - 1, 0);
     m_maximumNotice->hide();
-    if (m_slots.first()->inUse())
+    if (!m_selection.isEmpty())
         installMultipleAverage();
     redrawSelectionMarks();
 }
 
 void CColourImageWindow::multiSelectClearAll()
 {
-    for (CMultipleSelect *entry : qAsConst(m_slots))
-        entry->setInUse(false);
+    m_selection.clear();
+    showSelectionSlots(0);
     commandButton(CmdClearMultiple)->setEnabled(false);
     m_maximumNotice->hide();
-    m_multipleCount = 0;
 }
 
 void CColourImageWindow::emptyMultipleSelection()
@@ -563,127 +467,69 @@ void CColourImageWindow::emptyMultipleSelection()
     redrawSelectionMarks();
 }
 
-void CColourImageWindow::redrawSelectionMarks()
-{
-    imageWidget()->drawSelectionMarks(m_slots);
-}
+void CColourImageWindow::redrawSelectionMarks() { imageWidget()->drawSelectionMarks(m_slots); }
 
 // ---- Library and matching ----------------------------------------------------
 
-void CColourImageWindow::fillLibraryCombo()
-{
-    const CAppSettings *settings = AppContext::settings();
-    if (!settings)
-        return;
-    m_filling = true;
-    CTableMessages::fillLibraryCombo(settings->libraryDir, m_libraryCombo);
-    m_filling = false;
-    CTableMessages::selectLibraryTable(m_libraryCombo, settings->selectedTable);
-}
+void CColourImageWindow::fillLibraryCombo() { m_library->reload(); }
 
 void CColourImageWindow::colourTableComboListChanged(int index)
 {
-    if (index < 0 || m_filling)
+    if (index < 0)
         return;
     m_matched = false;
-    const QString path = m_libraryCombo->itemData(index).toString();
-    const bool loaded = CTableMessages::loadWithMessages(this, m_libraryTable,
-                                                         m_libraryCombo->itemText(index), path);
-    CAppSettings *settings = AppContext::settings();
-    if (loaded && settings && path != settings->selectedTable)
-        settings->selectedTable = path;
+    m_library->loadTable(index);
 }
 
-QString CColourImageWindow::selectedTableBaseName() const
+void CColourImageWindow::libraryChanged()
 {
-    const CAppSettings *settings = AppContext::settings();
-    const QString selected = settings ? settings->selectedTable : QString();
-    if (selected.isEmpty())
-        return tr("selected");
-    return QFileInfo(selected).baseName();
+    m_results->setRowCount(0);
+    fillLibraryCombo();
 }
 
 void CColourImageWindow::runMatch(bool quiet)
 {
-    if (quiet && !(m_matched && m_samplePresent))
-        return;
-    if (!quiet && !m_samplePresent) {
-        QMessageBox::warning(this, tr("Vellora"), tr("No Colour has been selected for matching."),
-                             QMessageBox::Ok);
+    if (quiet)
+        repeatMatchQuietly();
+    else
+        matchSample();
+}
+
+void CColourImageWindow::matchSample()
+{
+    if (!m_samplePresent) {
+        QMessageBox::warning(this, AppContext::productName(),
+                             tr("No Colour has been selected for matching."), QMessageBox::Ok);
         return;
     }
     m_matched = true;
-    m_results.clear();
-    if (m_libraryTable.count() == 0) {
-        if (!quiet) {
-            clearResults();
-            QMessageBox::warning(
-                this, tr("Vellora"),
-                tr("The %1 Colour Match Library is empty, so a match cannot be attempted.")
-                    .arg(selectedTableBaseName()),
-                QMessageBox::Ok);
-        }
+    if (libraryTable().count() == 0) {
+        m_results->clearResults();
+        QMessageBox::warning(
+            this, AppContext::productName(),
+            tr("The %1 Colour Match Library is empty, so a match cannot be attempted.")
+                .arg(m_library->selectedTableBaseName()),
+            QMessageBox::Ok);
         return;
     }
-    const CAppSettings *settings = AppContext::settings();
-    const int maxRecords = settings ? settings->maxRecordsDisplay : 4;
-    m_results = CColourMatcher(m_libraryTable).bestRows(m_sample, maxRecords);
-    const int rows = CColourMatcher::rowsToShow(m_results, maxRecords);
-    m_resultsTable->setUpdatesEnabled(false);
-    m_resultsTable->setRowCount(0);
-    for (int i = 0; i < rows; ++i)
-        showResultRow(m_results.at(i));
-    setResultsToolTip();
-    m_resultsTable->setUpdatesEnabled(true);
+    m_results->showMatches(libraryTable(), m_sample);
     commandButton(CmdAddToLibrary)->setEnabled(true);
 }
 
-void CColourImageWindow::showResultRow(const CMatchResult &record)
+// Nothing is said here: an empty table or no earlier match leaves the shown
+// results as they are.
+void CColourImageWindow::repeatMatchQuietly()
 {
-    const QStringList rgb =
-        formatRgb(record.red, record.green, record.blue, kDecimals, false, rgbFormat());
-    const QStringList lab = formatLab(record.red, record.green, record.blue, kDecimals);
-    const int row = m_resultsTable->rowCount();
-    m_resultsTable->insertRow(row);
-
-    auto *swatch = new QLabel;
-    swatch->setStyleSheet(QStringLiteral("background-color:%1;")
-                              .arg(colourName(record.red, record.green, record.blue)));
-    m_resultsTable->setCellWidget(row, 0, swatch);
-
-    auto *details = new QWidget;
-    auto *layout = new QVBoxLayout(details);
-    layout->addWidget(new QLabel(QStringLiteral("%1").arg(record.name)));
-    const QString rgbLine = tr("R:%1, G:%2, B:%3").arg(rgb.at(0), rgb.at(1), rgb.at(2));
-    const QString labLine = tr("L:%1, a:%2, b:%3").arg(lab.at(0), lab.at(1), lab.at(2));
-    layout->addWidget(new QLabel(QStringLiteral("%1<br />%2<br />").arg(rgbLine, labLine)));
-    m_resultsTable->setCellWidget(row, 1, details);
-
-    const CAppSettings *settings = AppContext::settings();
-    const bool asPercent = settings ? settings->rgbDifference : true;
-    m_resultsTable->setCellWidget(row, 2, new QLabel(matchText(record.deltaE, asPercent)));
-}
-
-void CColourImageWindow::setResultsToolTip()
-{
-    const QString item = QStringLiteral("<li style='margin-bottom:5px;'>%1</li>");
-    QString text = tr("Interpretation of results:") + QStringLiteral("<ul>");
-    for (int verdictIndex = 0; verdictIndex < 4; ++verdictIndex)
-        text += item.arg(verdictLongText(verdictIndex));
-    m_resultsTable->setToolTip(text + QStringLiteral("</ul>"));
-}
-
-void CColourImageWindow::clearResults()
-{
-    m_results.clear();
-    m_resultsTable->clearContents();
-    m_resultsTable->setRowCount(0);
+    if (!m_matched || !m_samplePresent || libraryTable().count() == 0)
+        return;
+    m_results->showMatches(libraryTable(), m_sample);
+    commandButton(CmdAddToLibrary)->setEnabled(true);
 }
 
 void CColourImageWindow::maintainLibrary()
 {
     if (execLibraryMaintenance())
-        libraryMaintenanceChanged();
+        libraryChanged();
 }
 
 bool CColourImageWindow::execLibraryMaintenance()
@@ -694,23 +540,11 @@ bool CColourImageWindow::execLibraryMaintenance()
     return false;
 }
 
-void CColourImageWindow::libraryMaintenanceChanged()
-{
-    m_resultsTable->setRowCount(0);
-    fillLibraryCombo();
-}
-
-void CColourImageWindow::addSampleToDataSet()
-{
-    if (m_mainWindow)
-        m_mainWindow->addColourToDataSet(m_sample.red, m_sample.green, m_sample.blue);
-}
-
 void CColourImageWindow::addSampleToLibrary()
 {
     if (!m_samplePresent) {
-        QMessageBox::critical(this, tr("Vellora"), tr("Please  first match the colour ...."),
-                              QMessageBox::Ok);
+        QMessageBox::critical(this, AppContext::productName(),
+                              tr("Please  first match the colour ...."), QMessageBox::Ok);
         return;
     }
     // The dialog that names the new library entry is not in this release
@@ -731,5 +565,5 @@ void CColourImageWindow::resetPage(bool resetModes)
     enableSampleCommands(false);
     setSample(RgbColour{1.0, 1.0, 1.0}, true);
     m_matched = false;
-    clearResults();
+    m_results->clearResults();
 }

@@ -1,19 +1,22 @@
 #pragma once
 
+#include "app/commandid.h"
 #include "app/maintabbedwindow.h"
 #include "colour/rgbcolour.h"
-#include "tables/colourmatcher.h"
-#include "tables/libcolourtable.h"
+#include "sample/multipleselection.h"
 
 #include <QRect>
 #include <QVector>
 
+class CAppSettings;
 class CColourImageWindowView;
 class CImageWidget;
-class CMainWindow;
+class CLibColourTable;
+class CLibrarySelector;
+class CMatchResultsView;
 class CMultipleSelect;
+class CSamplePanel;
 class QComboBox;
-class QGridLayout;
 class QImage;
 class QLabel;
 class QSignalMapper;
@@ -22,29 +25,22 @@ class QToolBar;
 class QToolButton;
 class QVBoxLayout;
 
-// Commands of the sampling page, dispatched through its signal mapper.
-enum SamplingCommand {
-    CmdMaintainLibrary = 13,
-    CmdMatchColour = 14,
-    CmdAddToDataSet = 15,
-    CmdAddToLibrary = 16,
-    CmdPickClick = 17,
-    CmdPickRubberBand = 18,
-    CmdSelectSingle = 19,
-    CmdSelectMultiple = 20,
-    CmdClearMultiple = 21
-};
-
 // The "Sample && Match" page: the tool panel (pick modes, sample, multiple
 // selection, library and results) on the left, the image view on the right.
+// It coordinates its parts: the view reports picks, the page averages them
+// into the sample panel or the multiple selection, and matches the sample
+// through the library selector's table into the results view. What the main
+// window must do (zoom buttons, status bar, adding to the data set) is
+// signalled.
 class CColourImageWindow : public CMainTabbedWindow
 {
     Q_OBJECT
 
 public:
-    static const int kMultipleSlots = 8;
+    static const int kMultipleSlots = CMultipleSelection::kCapacity;
 
-    CColourImageWindow(CMainWindow *mainWindow, QWidget *parent = nullptr);
+    // `settings` may be null (a page shown on its own).
+    explicit CColourImageWindow(CAppSettings *settings, QWidget *parent = nullptr);
     ~CColourImageWindow() override;
 
     QString title() const override;
@@ -54,7 +50,7 @@ public:
     // Main window zoom commands 6, 7, 8.
     void zoomStep(int command);
     int zoomIndex() const;
-    // The view reports its level; the zoom commands follow it.
+    // The view reports its level; signalled on as zoomChanged.
     void setZoomIndex(int index);
     // Re-reads the list of library tables.
     void fillLibraryCombo();
@@ -62,7 +58,7 @@ public:
     // repeat the last match quietly.
     void refreshAfterSettingsChange();
 
-    // Shows a message in the main window's status bar until replaced.
+    // Signals a message for the status bar, shown until replaced.
     void showStatusMessage(const QString &text);
     // Averages a picked rectangle of the source image (nothing happens for an
     // empty one) and installs it as the sample or a new selection entry.
@@ -70,6 +66,9 @@ public:
     // Installs a sample (clear false) or shows the empty sample panel.
     void setSample(const RgbColour &colour, bool clear);
     void addToMultipleSelection(const RgbColour &colour, const QRect &rect);
+    // quiet false: the user's "Match Library Colour", which explains in a
+    // message why it cannot match. quiet true: the silent repeat of the last
+    // match after a change of settings.
     void runMatch(bool quiet);
     void resetPage(bool resetModes);
     void refreshSampleText();
@@ -81,21 +80,32 @@ public:
     RgbColour sample() const { return m_sample; }
     int pickMode() const { return m_pickMode; }
     int selectionMode() const { return m_selectionMode; }
-    int multipleCount() const { return m_multipleCount; }
+    int multipleCount() const { return m_selection.count(); }
+    const CMultipleSelection &multipleSelection() const { return m_selection; }
     CMultipleSelect *multipleSlot(int slot) const { return m_slots.at(slot); }
-    const CLibColourTable &libraryTable() const { return m_libraryTable; }
+    const CLibColourTable &libraryTable() const;
+    CLibrarySelector *librarySelector() const { return m_library; }
     // The page's own buttons and panel parts, as the user sees them.
     QToolButton *commandButton(int command) const;
     QComboBox *pickSizeCombo() const { return m_pickSizeCombo; }
-    QComboBox *libraryCombo() const { return m_libraryCombo; }
-    QTableWidget *resultsTable() const { return m_resultsTable; }
+    QComboBox *libraryCombo() const;
+    QTableWidget *resultsTable() const;
     QLabel *maximumNotice() const { return m_maximumNotice; }
-    QLabel *swatch() const { return m_swatch; }
-    QWidget *swatchFrame() const { return m_swatchFrame; }
-    QLabel *sampleCaption() const { return m_rgbCaption; }
+    CSamplePanel *samplePanel() const { return m_samplePanel; }
+    QLabel *swatch() const;
+    QWidget *swatchFrame() const;
+    QLabel *sampleCaption() const;
     // R, G, B, L*, a*, b* in that order.
-    QLabel *sampleValue(int index) const { return m_values.at(index); }
-    QLabel *sampleValueCaption(int index) const { return m_captions.at(index); }
+    QLabel *sampleValue(int index) const;
+    QLabel *sampleValueCaption(int index) const;
+
+signals:
+    // The view's zoom index changed (0 to 15).
+    void zoomChanged(int index);
+    // A text for the status bar; empty clears it.
+    void statusMessage(const QString &text);
+    // "Add Colour to DataSet" with the current sample.
+    void addToDataSetRequested(double red, double green, double blue);
 
 public slots:
     void processCommand(int action);
@@ -103,6 +113,9 @@ public slots:
     void colourTableComboListChanged(int index);
     void multiSelectClearItem(int position);
     void multiSelectClearAll();
+    // The library folder's tables changed (maintenance): the results go and
+    // the list of tables is read again.
+    void libraryChanged();
 
 private:
     QToolButton *addCommandButton(int command, const QString &text, const QString &icon,
@@ -111,48 +124,39 @@ private:
     QWidget *buildPickingSection(QWidget *parent);
     QWidget *buildPickModeRow(QWidget *parent);
     QWidget *buildPickSizeRow(QWidget *parent);
-    QWidget *buildSamplePanel(QWidget *parent);
-    QWidget *buildSampleGrid(QWidget *parent);
     QWidget *buildMultipleSection(QWidget *parent);
     void buildMatchSection(QWidget *parent, QVBoxLayout *layout);
-    void buildResultsTable(QWidget *parent);
+    void connectView();
 
     void setPickMode(int command);
     void setSelectionMode(int command);
     void emptyMultipleSelection();
+    void showSelectionSlots(int from);
     void redrawSelectionMarks();
     void installMultipleAverage();
     void enableSampleCommands(bool enable);
+    void matchSample();
+    void repeatMatchQuietly();
     void maintainLibrary();
     bool execLibraryMaintenance();
-    void libraryMaintenanceChanged();
-    void addSampleToDataSet();
     void addSampleToLibrary();
-    void clearResults();
-    void showResultRow(const CMatchResult &record);
-    void setResultsToolTip();
-    QString selectedTableBaseName() const;
     bool rgbAverage() const;
     int rgbFormat() const;
 
-    CMainWindow *m_mainWindow = nullptr;
+    CAppSettings *m_settings = nullptr;
+    CMultipleSelection m_selection;
     QVector<CMultipleSelect *> m_slots;
     QString m_imagePath;
     CColourImageWindowView *m_view = nullptr;
-    CLibColourTable m_libraryTable;
     QSignalMapper *m_mapper = nullptr;
     QSignalMapper *m_clearItemMapper = nullptr;
 
     QVector<QToolButton *> m_buttons;
     QComboBox *m_pickSizeCombo = nullptr;
-    QLabel *m_rgbCaption = nullptr;
-    QWidget *m_swatchFrame = nullptr;
-    QLabel *m_swatch = nullptr;
-    QVector<QLabel *> m_captions;
-    QVector<QLabel *> m_values;
+    CSamplePanel *m_samplePanel = nullptr;
     QLabel *m_maximumNotice = nullptr;
-    QComboBox *m_libraryCombo = nullptr;
-    QTableWidget *m_resultsTable = nullptr;
+    CLibrarySelector *m_library = nullptr;
+    CMatchResultsView *m_results = nullptr;
 
     int m_zoomIndex = 7;
     int m_pickMode = CmdPickClick;
@@ -160,7 +164,4 @@ private:
     RgbColour m_sample;
     bool m_samplePresent = false;
     bool m_matched = false;
-    bool m_filling = false;
-    int m_multipleCount = 0;
-    QVector<CMatchResult> m_results;
 };

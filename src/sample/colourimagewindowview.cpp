@@ -1,6 +1,5 @@
 #include "sample/colourimagewindowview.h"
 
-#include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
 
 #include <QPainter>
@@ -20,8 +19,7 @@ const int kZoomActual = 8;
 
 } // namespace
 
-CColourImageWindowView::CColourImageWindowView(CColourImageWindow *page)
-    : QScrollArea(page), m_page(page)
+CColourImageWindowView::CColourImageWindowView(QWidget *parent) : QScrollArea(parent)
 {
     m_imageWidget = new CImageWidget(this);
     setBackgroundRole(QPalette::Dark);
@@ -48,7 +46,7 @@ void CColourImageWindowView::setImage(const QImage &image)
     m_imageWidget->setImageSize(m_sourceImage.size());
     m_imageWidget->show();
     m_imageWidget->setBoxSuppressed(false);
-    m_page->resetPage(false);
+    emit imageChanged();
 }
 
 QImage CColourImageWindowView::displayImage() const
@@ -89,7 +87,7 @@ void CColourImageWindowView::zoomStep(int command)
 void CColourImageWindowView::applyZoom()
 {
     setWidgetResizable(false);
-    m_page->setZoomIndex(m_zoomIndex);
+    emit zoomChanged(m_zoomIndex);
     const double f = zoomFactor();
     if (m_zoomIndex != kActualSizeIndex) {
         const QSize size = m_imageWidget->imageSize();

@@ -3,11 +3,10 @@
 #include <QImage>
 #include <QScrollArea>
 
-class CColourImageWindow;
 class CImageWidget;
 
 // The scrolling image view of the sampling page: owns the opened picture and
-// the zoom level, and sizes the image widget for it.
+// the zoom level, sizes the image widget for it and reports both changes.
 class CColourImageWindowView : public QScrollArea
 {
     Q_OBJECT
@@ -16,13 +15,13 @@ public:
     static const int kZoomLevels = 16;
     static const int kActualSizeIndex = 7;
 
-    explicit CColourImageWindowView(CColourImageWindow *page);
+    explicit CColourImageWindowView(QWidget *parent = nullptr);
     ~CColourImageWindowView() override;
 
     // The factor of a zoom index; indexes outside 0..15 read the nearest end.
     static double zoomFactor(int index);
 
-    // Installs a newly opened image and resets the page for it.
+    // Installs a newly opened image (imageChanged follows).
     void setImage(const QImage &image);
     // 6 zoom out, 7 zoom in, 8 actual size; anything else keeps the level.
     void zoomStep(int command);
@@ -31,7 +30,6 @@ public:
     // Switches the image widget between click and rubber-band picking.
     void setRubberBandMode(bool on);
 
-    CColourImageWindow *page() const { return m_page; }
     CImageWidget *imageWidget() const { return m_imageWidget; }
     // The picture as opened (indexed colours already widened): what picks read.
     const QImage &sourceImage() const { return m_sourceImage; }
@@ -44,10 +42,15 @@ public:
     int zoomIndex() const { return m_zoomIndex; }
     double zoomFactor() const { return zoomFactor(m_zoomIndex); }
 
+signals:
+    // The zoom level was set (also when it stayed the same).
+    void zoomChanged(int index);
+    // A new picture is shown.
+    void imageChanged();
+
 private:
     void scaleScrollBar(class QScrollBar *bar, double factor);
 
-    CColourImageWindow *m_page = nullptr;
     CImageWidget *m_imageWidget = nullptr;
     QImage m_sourceImage;
     int m_zoomIndex = kActualSizeIndex;

@@ -1,13 +1,17 @@
 #include "sample/imagesource.h"
 
 #include "app/appsettings.h"
-#include "app/mainwindow.h"
+#include "app/commandid.h"
+#include "colour/imagefile.h"
 #include "sample/previewfiledialog.h"
 
 #include <QFileInfo>
 #include <QMessageBox>
 
-CImageSource::CImageSource(CMainWindow *parent) : QObject(parent), m_parent(parent) {}
+CImageSource::CImageSource(CAppSettings *settings, QWidget *parent)
+    : QObject(parent), m_settings(settings), m_parent(parent)
+{
+}
 
 QString CImageSource::fileFilter()
 {
@@ -35,18 +39,13 @@ bool CImageSource::openPath(const QString &path)
         m_path.clear();
         return false;
     }
-    CAppSettings *settings = m_parent ? m_parent->settings() : nullptr;
-    if (settings) {
-        settings->addRecentFile(m_parent, m_path);
-        m_parent->refreshRecentFiles();
-    }
+    emit fileOpened(m_path);
     return true;
 }
 
 QString CImageSource::askForFile() const
 {
-    CAppSettings *settings = m_parent ? m_parent->settings() : nullptr;
-    CPreviewFileDialog dialog(m_parent, tr("Open Image"), settings ? settings->workDir : QString(),
+    CPreviewFileDialog dialog(m_parent, tr("Open Image"), m_settings ? m_settings->workDir : QString(),
                               fileFilter());
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
@@ -63,10 +62,11 @@ bool CImageSource::readFile()
         return false;
     // The folder is remembered even when the file then turns out unreadable:
     // the user was looking there.
-    CAppSettings *settings = m_parent ? m_parent->settings() : nullptr;
-    if (settings)
-        settings->workDir = info.canonicalPath();
-    return m_image.load(m_path);
+    if (m_settings)
+        m_settings->workDir = info.canonicalPath();
+    // Sized up before decoding: a picture too large for memory is refused
+    // like any other unreadable file.
+    return CImageFile::read(m_path, &m_image) == CImageFile::Read;
 }
 
 void CImageSource::reportUnreadable()

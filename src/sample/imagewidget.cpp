@@ -1,7 +1,6 @@
 #include "sample/imagewidget.h"
 
 #include "colour/pickgeometry.h"
-#include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/multipleselect.h"
 
@@ -168,7 +167,7 @@ void CImageWidget::showCursorPosition(const QPoint &point)
     } else {
         text = tr("Cursor Pos XY:(%1,%2)").arg(image.x()).arg(image.y());
     }
-    m_view->page()->showStatusMessage(text);
+    emit statusMessage(text);
 }
 
 void CImageWidget::movePickBox(const QPoint &point)
@@ -191,7 +190,7 @@ void CImageWidget::enterEvent(QEvent *event)
 void CImageWidget::leaveEvent(QEvent *event)
 {
     QLabel::leaveEvent(event);
-    m_view->page()->showStatusMessage(QString());
+    emit statusMessage(QString());
     setMouseInside(false);
 }
 
@@ -234,7 +233,7 @@ void CImageWidget::mouseReleaseEvent(QMouseEvent *event)
 
 void CImageWidget::pick(const QRect &imageRect)
 {
-    m_view->page()->pickImageRegion(imageRect);
+    emit picked(imageRect);
 }
 
 void CImageWidget::drawSelectionMarks(const QVector<CMultipleSelect *> &entries)

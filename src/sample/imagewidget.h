@@ -54,6 +54,13 @@ public:
     // The image pixel under a widget point at a zoom factor.
     static QPoint imagePoint(const QPoint &widgetPoint, double factor);
 
+signals:
+    // A pick of the image pixels in `imageRect` (may be empty: nothing to
+    // read there).
+    void picked(const QRect &imageRect);
+    // The cursor position texts; empty when the cursor left the picture.
+    void statusMessage(const QString &text);
+
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -1,7 +1,8 @@
 #include "sample/multipleselect.h"
 
 #include "app/appcontext.h"
-#include "colour/colourformat.h"
+#include "app/commandmapping.h"
+#include "sample/colourtexts.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -49,8 +50,7 @@ CMultipleSelect::CMultipleSelect(int slot, QWidget *parent, QSignalMapper *clear
     m_clearButton->setIconSize(QSize(kSwatchSide, kSwatchSide));
     m_clearButton->setAutoRaise(true);
     m_clearButton->setDefaultAction(action);
-    connect(action, SIGNAL(triggered()), clearMapper, SLOT(map()));
-    clearMapper->setMapping(action, slot);
+    mapCommand(action, clearMapper, slot);
     layout->addWidget(m_clearButton);
     layout->addStretch();
     m_row->hide();
@@ -67,11 +67,8 @@ void CMultipleSelect::setInUse(bool inUse)
 void CMultipleSelect::setColour(const RgbColour &colour, int rgbFormat)
 {
     m_colour = colour;
-    const QStringList rgb = formatRgb(colour.red, colour.green, colour.blue, 2, false, rgbFormat);
-    const QStringList lab = formatLab(colour.red, colour.green, colour.blue, 2);
-    m_swatch->setToolTip(tr("R:%1, G:%2, B:%3").arg(rgb.at(0), rgb.at(1), rgb.at(2))
-                         + QStringLiteral("<br />")
-                         + tr("L:%1, a:%2, b:%3").arg(lab.at(0), lab.at(1), lab.at(2)));
+    m_swatch->setToolTip(CColourTexts::rgbLine(colour, rgbFormat) + QStringLiteral("<br />")
+                         + CColourTexts::labLine(colour));
     m_swatch->setStyleSheet(
         QStringLiteral("QLabel {background-color:rgb(%1,%2,%3);} QToolTip {border:2px solid "
                        "Goldenrod; background-color:LemonChiffon; padding:3px;}")

@@ -76,7 +76,7 @@ private slots:
 
     void windowTitleIsTheVersionTitle();
     void statusBarSaysReady();
-    void windowIsReachableProgramWide();
+    void eachWindowOwnsItsSettings();
     void tabsAreSampleAndMatchThenData();
     void toolBarFollowsTheLayoutList();
     void toolBarIsFixedWithLargeIcons();
@@ -155,16 +155,13 @@ void TestMainWindow::statusBarSaysReady()
     QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Ready"));
 }
 
-void TestMainWindow::windowIsReachableProgramWide()
+void TestMainWindow::eachWindowOwnsItsSettings()
 {
-    {
-        CMainWindow window(AppContext::versionTitle());
-        QCOMPARE(AppContext::mainWindow(), &window);
-        QCOMPARE(AppContext::settings(), window.settings());
-        QVERIFY(window.settings());
-    }
-    QCOMPARE(AppContext::mainWindow(), static_cast<CMainWindow *>(nullptr));
-    QCOMPARE(AppContext::settings(), static_cast<CAppSettings *>(nullptr));
+    CMainWindow first(AppContext::versionTitle());
+    CMainWindow second(AppContext::versionTitle());
+    QVERIFY(first.settings());
+    QVERIFY(second.settings());
+    QVERIFY(first.settings() != second.settings());
 }
 
 void TestMainWindow::tabsAreSampleAndMatchThenData()

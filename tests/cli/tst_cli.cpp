@@ -131,6 +131,7 @@ private slots:
     void sampleWithEmptyTablePrintsNothing();
     void sampleUnreadableImages_data();
     void sampleUnreadableImages();
+    void sampleDecompressionBombIsRefusedBeforeDecoding();
 };
 
 // ---------------------------------------------------------------- helpers
@@ -1190,6 +1191,17 @@ void TestCli::sampleUnreadableImages()
         QVERIFY(FixtureFile::write(file, content));
     const Run run = cli({"sample", file, "--point", "1,1"});
     verifyErrorContains(run, 2, "cannot read image " + file + ": " + reason);
+    QVERIFY(run.out.isEmpty());
+}
+
+void TestCli::sampleDecompressionBombIsRefusedBeforeDecoding()
+{
+    const QString file = path("bomb.png");
+    QVERIFY(FixtureFile::write(file, ImageWriter::pngClaimingSize(100000, 100000)));
+    const Run run = cli({"sample", file, "--point", "1,1"});
+    verifyError(run, 2,
+                "cannot read image " + file
+                    + ": a picture of 100000 x 100000 pixels would take more than 2 GiB");
     QVERIFY(run.out.isEmpty());
 }
 

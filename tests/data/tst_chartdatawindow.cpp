@@ -711,15 +711,17 @@ void TestChartDataWindow::cancelledAddColourDialogAddsNothing()
 
 void TestChartDataWindow::addColourHelpGoesToTheMainWindow()
 {
-    bool connected = false;
+    QSignalSpy forwarded(page(), &CChartDataWindow::helpRequested);
     ModalAnswerer answer(QStringLiteral("Cancel"), [&](QWidget *dialog) {
         if (auto *add = qobject_cast<CDlgDataColourAdd *>(dialog))
-            connected = QObject::disconnect(add, &CDlgDataColourAdd::displayHelpSignal,
-                                            m_window.get(), &CMainWindow::displayHelp);
+            emit add->displayHelpSignal(QStringLiteral("data.html#dataAddColour"));
     });
     QVERIFY(!page()->addColour(0.3, 0.3, 0.3));
     QVERIFY(answer.wasAnswered());
-    QVERIFY(connected);
+    QCOMPARE(forwarded.count(), 1);
+    QCOMPARE(forwarded.at(0).at(0).toString(), QStringLiteral("data.html#dataAddColour"));
+    QVERIFY(QObject::disconnect(page(), &CChartDataWindow::helpRequested, m_window.get(),
+                                &CMainWindow::displayHelp));
 }
 
 QTEST_MAIN(TestChartDataWindow)

@@ -61,12 +61,10 @@ void TestDataModel::initTestCase()
     QVERIFY(m_home->isValid());
     QVERIFY(m_dir.isValid());
     m_settings = new CAppSettings;
-    AppContext::setSettings(m_settings);
 }
 
 void TestDataModel::cleanupTestCase()
 {
-    AppContext::setSettings(nullptr);
     delete m_settings;
     delete m_home;
 }
@@ -93,7 +91,7 @@ void TestDataModel::addColours(CDataColourTable &table, int count)
 void TestDataModel::emptyDataSetHasElevenHeadersAndNoRows()
 {
     CDataColourTable table;
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.columnCount(), 11);
     QCOMPARE(model.rowCount(), 0);
     for (int section = 0; section < 11; ++section)
@@ -116,7 +114,7 @@ void TestDataModel::headerTexts()
     QFETCH(int, section);
     QFETCH(QString, text);
     CDataColourTable table;
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(), text);
 }
 
@@ -124,7 +122,7 @@ void TestDataModel::headersOnlyForHorizontalDisplay()
 {
     CDataColourTable table;
     addColours(table, 2);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QVERIFY(!model.headerData(1, Qt::Vertical, Qt::DisplayRole).isValid());
     QVERIFY(!model.headerData(1, Qt::Horizontal, Qt::ToolTipRole).isValid());
 }
@@ -133,7 +131,7 @@ void TestDataModel::orangeShowsSwatchNameFf8000()
 {
     CDataColourTable table;
     table.add(new CColourTableEntry(QStringLiteral("Orange"), 1.0, 0.5, 0.0));
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColSwatch)).toString(),
              QStringLiteral("#ff8000"));
 }
@@ -143,7 +141,7 @@ void TestDataModel::nameAndLabShowFourDecimals()
     CDataColourTable table;
     table.add(new CColourTableEntry(QStringLiteral("White"), 1.0, 1.0, 1.0));
     table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColName)).toString(), QStringLiteral("White"));
     QCOMPARE(model.data(model.index(0, CDataModel::ColL)).toString(), QStringLiteral("100.0000"));
     // sRGB red under D65 with this program's matrix.
@@ -170,7 +168,7 @@ void TestDataModel::rgbFollowsTheDisplayFormat()
     CDataColourTable table;
     const double blue = format == 1 ? 0.123456 : 0.0;
     table.add(new CColourTableEntry(QStringLiteral("X"), 1.0, 0.5, blue));
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColRed)).toString(), texts.at(0));
     QCOMPARE(model.data(model.index(0, CDataModel::ColGreen)).toString(), texts.at(1));
     QCOMPARE(model.data(model.index(0, CDataModel::ColBlue)).toString(), texts.at(2));
@@ -180,7 +178,7 @@ void TestDataModel::lastColumnShowsNothing()
 {
     CDataColourTable table;
     addColours(table, 1);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QVERIFY(!model.data(model.index(0, CDataModel::ColFiller)).isValid());
 }
 
@@ -188,7 +186,7 @@ void TestDataModel::onlyDisplayRoleHasData()
 {
     CDataColourTable table;
     addColours(table, 1);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     const QModelIndex name = model.index(0, CDataModel::ColName);
     QVERIFY(model.data(name, Qt::DisplayRole).isValid());
     QVERIFY(!model.data(name, Qt::EditRole).isValid());
@@ -200,7 +198,7 @@ void TestDataModel::rowsOutsideTheDataSetHaveNoData()
 {
     CDataColourTable table;
     addColours(table, 2);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QVERIFY(!model.data(model.index(2, CDataModel::ColName)).isValid());
     QVERIFY(!model.data(QModelIndex()).isValid());
     QVERIFY(!model.data(model.index(-1, 1)).isValid());
@@ -214,7 +212,7 @@ void TestDataModel::setDataAlwaysReturnsFalseAndEmitsNothing()
 {
     CDataColourTable table;
     addColours(table, 2);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     QVERIFY(!model.setData(model.index(1, CDataModel::ColEdit), 2, Qt::EditRole));
     QVERIFY(!model.setData(model.index(1, CDataModel::ColDelete), 1, Qt::EditRole));
@@ -226,7 +224,7 @@ void TestDataModel::setDataStoresButtonStates()
 {
     CDataColourTable table;
     addColours(table, 3);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     model.setData(model.index(1, CDataModel::ColEdit), 2, Qt::EditRole);
     model.setData(model.index(2, CDataModel::ColDelete), 1, Qt::EditRole);
     QCOMPARE(model.data(model.index(1, CDataModel::ColEdit)).toInt(), 2);
@@ -240,7 +238,7 @@ void TestDataModel::setDataIgnoresOtherColumnsAndRoles()
 {
     CDataColourTable table;
     addColours(table, 2);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     model.setData(model.index(0, CDataModel::ColEdit), 2, Qt::DisplayRole);
     model.setData(model.index(0, CDataModel::ColName), QStringLiteral("Other"), Qt::EditRole);
     model.setData(model.index(5, CDataModel::ColEdit), 2, Qt::EditRole);
@@ -253,7 +251,7 @@ void TestDataModel::loadedFiveColoursReadZeroMarkersAndIgnoreWrites()
 {
     CDataColourTable table;
     QCOMPARE(table.load(writeFiveColours()).status, int(CColourTable::Loaded));
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QCOMPARE(model.rowCount(), 5);
     QVERIFY(table.markerAList().isEmpty());
     QVERIFY(table.markerBList().isEmpty());
@@ -269,7 +267,7 @@ void TestDataModel::addAfterLoadShowsItsMarkerOnRowZero()
 {
     CDataColourTable table;
     QCOMPARE(table.load(writeFiveColours()).status, int(CColourTable::Loaded));
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     model.appendEntry(new CColourTableEntry(QStringLiteral("Six"), 0.6, 0.7, 0.8));
     QCOMPARE(model.rowCount(), 6);
     QCOMPARE(table.markerAList().size(), 1);
@@ -285,7 +283,7 @@ void TestDataModel::sortResetsAMarkerSetBefore()
 {
     CDataColourTable table;
     addColours(table, 4);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     model.setData(model.index(2, CDataModel::ColDelete), 1, Qt::EditRole);
     QCOMPARE(model.data(model.index(2, CDataModel::ColDelete)).toInt(), 1);
     table.sort();
@@ -297,7 +295,7 @@ void TestDataModel::removingBeyondTheEndChangesNothing()
 {
     CDataColourTable table;
     addColours(table, 5);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
     model.deleteRecord(model.index(5, CDataModel::ColDelete));
     model.deleteRecord(QModelIndex());
@@ -311,7 +309,7 @@ void TestDataModel::deleteRecordRemovesTheRowAndMarksModified()
 {
     CDataColourTable table;
     addColours(table, 3);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
     model.deleteRecord(model.index(1, CDataModel::ColDelete));
     QCOMPARE(removed.count(), 1);
@@ -324,7 +322,7 @@ void TestDataModel::deleteRecordRemovesTheRowAndMarksModified()
 void TestDataModel::appendEntryAddsARow()
 {
     CDataColourTable table;
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
     model.appendEntry(new CColourTableEntry(QStringLiteral("New"), 0.2, 0.4, 0.6));
     QCOMPARE(inserted.count(), 1);
@@ -336,7 +334,7 @@ void TestDataModel::setModifiedEmitsLayoutThenDataChangedForTheWholeTable()
 {
     CDataColourTable table;
     addColours(table, 3);
-    CDataModel model(nullptr, &table);
+    CDataModel model(m_settings, &table);
     QStringList order;
     QModelIndex topLeft;
     QModelIndex bottomRight;
@@ -362,7 +360,7 @@ void TestDataModel::setTableResetsTheModel()
     addColours(first, 2);
     CDataColourTable second;
     addColours(second, 4);
-    CDataModel model(nullptr, &first);
+    CDataModel model(m_settings, &first);
     QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
     model.setTable(&second);
     QCOMPARE(reset.count(), 1);

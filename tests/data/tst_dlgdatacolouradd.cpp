@@ -66,13 +66,11 @@ void TestDlgDataColourAdd::initTestCase()
     QVERIFY(m_home->isValid());
     AppContext::initResources();
     m_settings = new CAppSettings;
-    AppContext::setSettings(m_settings);
 }
 
 void TestDlgDataColourAdd::cleanupTestCase()
 {
     m_dialog.reset();
-    AppContext::setSettings(nullptr);
     delete m_settings;
     delete m_home;
 }
@@ -88,7 +86,7 @@ void TestDlgDataColourAdd::init()
 std::unique_ptr<CDlgDataColourAdd> TestDlgDataColourAdd::makeDialog(double red, double green,
                                                                     double blue)
 {
-    auto dialog = std::make_unique<CDlgDataColourAdd>(nullptr, nullptr, &m_table, red, green, blue);
+    auto dialog = std::make_unique<CDlgDataColourAdd>(nullptr, m_settings, &m_table, red, green, blue);
     dialog->show();
     if (!QTest::qWaitForWindowExposed(dialog.get()))
         return nullptr;

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tables/libcolourtable.h"
+
+#include <QComboBox>
+
+class CAppSettings;
+
+// The choice of colour match library table on the sampling page: lists the
+// tables of the library folder, loads the chosen one and remembers it in the
+// settings. Whatever changes the library folder's tables (the maintenance
+// dialog, a new library folder) calls reload() afterwards.
+class CLibrarySelector : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    // `settings` may be null: the list then stays empty.
+    explicit CLibrarySelector(CAppSettings *settings, QWidget *parent = nullptr);
+
+    // The table last loaded (empty when loading failed).
+    const CLibColourTable &table() const { return m_table; }
+    // The remembered table's base name, "selected" when none is remembered:
+    // how the messages name the library.
+    QString selectedTableBaseName() const;
+    // Loads the table of the item at `index`, with the usual messages when
+    // it cannot be read; remembers it once loaded. False when not loaded.
+    bool loadTable(int index);
+
+public slots:
+    // Lists the library folder's tables again and selects the remembered
+    // one, which is loaded anew (a tableSelected signal follows).
+    void reload();
+
+signals:
+    // The user (or a reload) chose the item at `index`; its table is not
+    // loaded yet.
+    void tableSelected(int index);
+
+private:
+    void currentItemChanged(int index);
+
+    CAppSettings *m_settings = nullptr;
+    CLibColourTable m_table;
+    bool m_filling = false;
+};

@@ -1,0 +1,104 @@
+#include "sample/samplepanel.h"
+
+#include "app/maintabbedwindow.h"
+#include "colour/colourformat.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+const int kSwatchWidth = 34;
+const int kSwatchHeight = 51;
+const int kDecimals = 2;
+
+} // namespace
+
+CSamplePanel::CSamplePanel(QWidget *parent) : QWidget(parent)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_caption = new QLabel(tr("RGB=Red,Green,Blue"), this);
+    m_caption->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    QSizePolicy policy = m_caption->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_caption->setSizePolicy(policy);
+    layout->addWidget(m_caption);
+    layout->addWidget(buildSwatch());
+    layout->addWidget(buildGrid());
+}
+
+QWidget *CSamplePanel::buildSwatch()
+{
+    auto *row = new QWidget(this);
+    auto *rowLayout = new QHBoxLayout(row);
+    rowLayout->setContentsMargins(0, 0, 0, 0);
+    m_swatchFrame = new QWidget(row);
+    m_swatchFrame->setFixedSize(kSwatchWidth, kSwatchHeight);
+    auto *frameLayout = new QHBoxLayout(m_swatchFrame);
+    frameLayout->setContentsMargins(0, 0, 0, 0);
+    m_swatch = new QLabel(m_swatchFrame);
+    frameLayout->addWidget(m_swatch);
+    rowLayout->addStretch();
+    rowLayout->addWidget(m_swatchFrame);
+    rowLayout->addStretch();
+    return row;
+}
+
+QWidget *CSamplePanel::buildGrid()
+{
+    static const char *const captions[] = {QT_TR_NOOP("R:"),  QT_TR_NOOP("G:"),
+                                           QT_TR_NOOP("B:"),  QT_TR_NOOP("L*:"),
+                                           QT_TR_NOOP("a*:"), QT_TR_NOOP("b*:")};
+    auto *grid = new QWidget(this);
+    auto *layout = new QGridLayout(grid);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (int i = 0; i < 6; ++i) {
+        QLabel *caption = CMainTabbedWindow::createCaptionLabel(tr(captions[i]), grid);
+        QLabel *value = CMainTabbedWindow::createValueLabel(grid);
+        const int column = i < 3 ? 0 : 2;
+        layout->addWidget(caption, i % 3, column);
+        layout->addWidget(value, i % 3, column + 1);
+        m_captions.append(caption);
+        m_values.append(value);
+    }
+    return grid;
+}
+
+void CSamplePanel::showColour(const RgbColour &colour, int rgbFormat)
+{
+    m_swatchFrame->setStyleSheet(QStringLiteral("border:1px solid black"));
+    refreshRgb(colour, rgbFormat);
+    const QStringList lab = formatLab(colour.red, colour.green, colour.blue, kDecimals);
+    for (int i = 0; i < 3; ++i)
+        m_values.at(i + 3)->setText(lab.at(i));
+    setShown(true);
+    m_swatch->setStyleSheet(QStringLiteral("background-color:%1;")
+                                .arg(colourName(colour.red, colour.green, colour.blue)));
+}
+
+void CSamplePanel::showEmpty()
+{
+    m_swatchFrame->setStyleSheet(QStringLiteral("border:1px transparent"));
+    setShown(false);
+    m_swatch->setStyleSheet(QStringLiteral("background:transparent;"));
+}
+
+void CSamplePanel::refreshRgb(const RgbColour &colour, int rgbFormat)
+{
+    const QStringList rgb =
+        formatRgb(colour.red, colour.green, colour.blue, kDecimals, false, rgbFormat);
+    for (int i = 0; i < 3; ++i)
+        m_values.at(i)->setText(rgb.at(i));
+}
+
+void CSamplePanel::setShown(bool shown)
+{
+    m_caption->setVisible(shown);
+    for (int i = 0; i < m_values.size(); ++i) {
+        m_captions.at(i)->setVisible(shown);
+        m_values.at(i)->setVisible(shown);
+    }
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "colour/rgbcolour.h"
+
+#include <QVector>
+#include <QWidget>
+
+class QLabel;
+
+// The sample as the sampling page shows it: the caption "RGB=Red,Green,Blue",
+// a framed swatch and the R, G, B, L*, a*, b* values. Empty, everything but
+// the space it takes is hidden.
+class CSamplePanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CSamplePanel(QWidget *parent = nullptr);
+
+    // Shows the colour with RGB in the given display format.
+    void showColour(const RgbColour &colour, int rgbFormat);
+    // Hides the swatch, the caption and the values (their texts stay).
+    void showEmpty();
+    // Rewrites the R, G, B values in another display format.
+    void refreshRgb(const RgbColour &colour, int rgbFormat);
+
+    QLabel *caption() const { return m_caption; }
+    QLabel *swatch() const { return m_swatch; }
+    QWidget *swatchFrame() const { return m_swatchFrame; }
+    // R, G, B, L*, a*, b* in that order.
+    QLabel *value(int index) const { return m_values.at(index); }
+    QLabel *valueCaption(int index) const { return m_captions.at(index); }
+
+private:
+    QWidget *buildSwatch();
+    QWidget *buildGrid();
+    void setShown(bool shown);
+
+    QLabel *m_caption = nullptr;
+    QWidget *m_swatchFrame = nullptr;
+    QLabel *m_swatch = nullptr;
+    QVector<QLabel *> m_captions;
+    QVector<QLabel *> m_values;
+};
