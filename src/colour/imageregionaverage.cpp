@@ -354,12 +354,25 @@ LabColour labMean(const QImage &image, const QRect &region)
 
 } // namespace
 
+namespace {
+
+// The part of region inside the image; false when no pixel is left. A region
+// given with its corners the wrong way round holds no pixels: intersecting
+// first would turn it the right way round.
+bool clip(const QImage &image, const QRect &region, QRect *inside)
+{
+    if (region.isEmpty())
+        return false;
+    *inside = region.intersected(image.rect());
+    return !inside->isEmpty();
+}
+
+} // namespace
+
 bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean)
 {
-    if (region.isEmpty() || mean == nullptr)
-        return false;
-    const QRect inside = region.intersected(image.rect());
-    if (inside.isEmpty())
+    QRect inside;
+    if (mean == nullptr || !clip(image, region, &inside))
         return false;
     *mean = labMean(image, inside);
     return true;
@@ -367,12 +380,8 @@ bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mea
 
 bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, RgbColour *result)
 {
-    // A region given with its corners the wrong way round holds no pixels;
-    // intersecting first would turn it the right way round.
-    if (region.isEmpty() || result == nullptr)
-        return false;
-    const QRect inside = region.intersected(image.rect());
-    if (inside.isEmpty())
+    QRect inside;
+    if (result == nullptr || !clip(image, region, &inside))
         return false;
     *result = useRgb ? rootMeanSquare(image, inside) : labToRgb(labMean(image, inside));
     return true;

@@ -1,4 +1,5 @@
 #include "clirunner.h"
+#include "matchrowtexts.h"
 
 #include "colour/colouraverage.h"
 #include "colour/colourconversion.h"
@@ -223,14 +224,7 @@ QStringList TestCli::expectedTsv(const QString &tablePath, const RgbColour &samp
     const int rows = CColourMatcher::rowsToShow(sorted, count);
     QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")};
     for (int i = 0; i < rows; ++i) {
-        const CMatchResult &r = sorted.at(i);
-        lines << QStringList{QString::number(i + 1),
-                             r.name,
-                             colourName(r.red, r.green, r.blue),
-                             QString::number(double(r.deltaE), 'f', 4),
-                             QString::number(double(matchPercent(r.deltaE)), 'f', 4),
-                             verdictShortText(verdict(r.deltaE))}
-                     .join(QLatin1Char('\t'));
+        lines << MatchRowTexts::cells(sorted.at(i), i + 1).join(QLatin1Char('\t'));
     }
     return lines;
 }

@@ -1,4 +1,5 @@
 #include "clirunner.h"
+#include "matchrowtexts.h"
 
 #include "colour/colourformat.h"
 #include "colour/matchscore.h"
@@ -87,15 +88,9 @@ QStringList TestCliMatchBatch::expectedRows(int line, const RgbColour &sample, i
     const int rows = CColourMatcher::rowsToShow(sorted, count);
     QStringList lines;
     for (int i = 0; i < rows; ++i) {
-        const CMatchResult &r = sorted.at(i);
-        lines << QStringList{QString::number(line),
-                             colourName(sample.red, sample.green, sample.blue),
-                             QString::number(i + 1),
-                             r.name,
-                             colourName(r.red, r.green, r.blue),
-                             QString::number(double(r.deltaE), 'f', 4),
-                             QString::number(double(matchPercent(r.deltaE)), 'f', 4),
-                             verdictShortText(verdict(r.deltaE))}
+        lines << (QStringList{QString::number(line),
+                              colourName(sample.red, sample.green, sample.blue)}
+                  + MatchRowTexts::cells(sorted.at(i), i + 1))
                      .join(QLatin1Char('\t'));
     }
     return lines;
