@@ -3,6 +3,7 @@
 // reads and writes on every row, a sort, a save into memory and a removal.
 #include "tables/datacolourtable.h"
 
+#include <QDir>
 #include <QTemporaryFile>
 
 #include <cstddef>
@@ -11,7 +12,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    QTemporaryFile file(QStringLiteral("fuzz_dataset_XXXXXX.csv"));
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/fuzz_dataset_XXXXXX.csv"));
     if (!file.open())
         return 0;
     file.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));
