@@ -10,6 +10,9 @@
 namespace {
 
 const int kEntries = 30000;
+// Samples spread over the colour space, the first the one matched above.
+const RgbColour kSamples[] = {{0.31, 0.62, 0.18}, {0.9, 0.1, 0.1},   {0.5, 0.5, 0.5},
+                              {0.05, 0.05, 0.3},  {0.95, 0.9, 0.6}, {0.2, 0.8, 0.9}};
 
 // A library table of kEntries colours with a header, names of a realistic
 // length and a few comment and blank lines, written once per run.
@@ -71,6 +74,37 @@ void matchAgainstThirtyThousandEntries(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * kEntries);
 }
 BENCHMARK(matchAgainstThirtyThousandEntries)->Unit(benchmark::kMillisecond);
+
+// What the match panel and vellora-cli run: only the rows that can be shown,
+// for samples spread over the colour space.
+void bestRowsAgainstThirtyThousandEntries(benchmark::State &state)
+{
+    CColourTable table;
+    table.load(tableFile().path());
+    size_t next = 0;
+    for (auto _ : state) {
+        const CColourMatcher matcher(table);
+        const QVector<CMatchResult> results = matcher.bestRows(kSamples[next++ % 6], 4);
+        benchmark::DoNotOptimize(CColourMatcher::rowsToShow(results, 4));
+    }
+    state.SetItemsProcessed(state.iterations() * kEntries);
+}
+BENCHMARK(bestRowsAgainstThirtyThousandEntries)->Unit(benchmark::kMillisecond);
+
+// The same with the table's colours grouped once, as match - does for all
+// its samples.
+void bestRowsPreparedOnly(benchmark::State &state)
+{
+    CColourTable table;
+    table.load(tableFile().path());
+    size_t next = 0;
+    const CColourMatcher matcher(table);
+    for (auto _ : state) {
+        const QVector<CMatchResult> results = matcher.bestRows(kSamples[next++ % 6], 4);
+        benchmark::DoNotOptimize(CColourMatcher::rowsToShow(results, 4));
+    }
+}
+BENCHMARK(bestRowsPreparedOnly)->Unit(benchmark::kMillisecond);
 
 void serialiseThirtyThousandEntries(benchmark::State &state)
 {

@@ -4,7 +4,6 @@
 #include "colour/colourformat.h"
 #include "colour/matchscore.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
@@ -50,21 +49,41 @@ QJsonObject jsonRow(const RowTexts &row)
 QString CCliMatchFormatter::tsv(const QVector<CMatchResult> &sorted, int rowCount,
                                const QStringList &explanations)
 {
-    const bool explain = !explanations.isEmpty();
-    QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")
-                      + (explain ? QStringLiteral("\texplain") : QString())};
-    for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
-        const RowTexts row = rowTexts(sorted.at(i), i + 1);
-        QStringList columns{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict};
-        if (explain)
-            columns << explanations.value(i);
-        lines << columns.join(QLatin1Char('\t'));
-    }
-    return lines.join(QLatin1Char('\n'));
+    return (QStringList{tsvHeader(!explanations.isEmpty())}
+            + tsvRows(sorted, rowCount, explanations))
+        .join(QLatin1Char('\n'));
 }
 
 QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCount,
                                 const QStringList &explanations)
+{
+    return QString::fromUtf8(
+               QJsonDocument(jsonRows(sorted, rowCount, explanations)).toJson(QJsonDocument::Indented))
+        .trimmed();
+}
+
+QString CCliMatchFormatter::tsvHeader(bool explain)
+{
+    return QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")
+        + (explain ? QStringLiteral("\texplain") : QString());
+}
+
+QStringList CCliMatchFormatter::tsvRows(const QVector<CMatchResult> &sorted, int rowCount,
+                                        const QStringList &explanations)
+{
+    QStringList lines;
+    for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
+        const RowTexts row = rowTexts(sorted.at(i), i + 1);
+        QStringList columns{row.rank, row.name, row.hex, row.deltaE, row.percent, row.verdict};
+        if (!explanations.isEmpty())
+            columns << explanations.value(i);
+        lines << columns.join(QLatin1Char('\t'));
+    }
+    return lines;
+}
+
+QJsonArray CCliMatchFormatter::jsonRows(const QVector<CMatchResult> &sorted, int rowCount,
+                                        const QStringList &explanations)
 {
     QJsonArray rows;
     for (int i = 0; i < rowCount && i < sorted.size(); ++i) {
@@ -73,5 +92,5 @@ QString CCliMatchFormatter::json(const QVector<CMatchResult> &sorted, int rowCou
             row.insert(QStringLiteral("explain"), explanations.value(i));
         rows.append(row);
     }
-    return QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Indented)).trimmed();
+    return rows;
 }

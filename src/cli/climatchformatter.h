@@ -2,6 +2,7 @@
 
 #include "tables/colourmatcher.h"
 
+#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -18,4 +19,11 @@ public:
                        const QStringList &explanations = QStringList());
     static QString json(const QVector<CMatchResult> &sorted, int rowCount,
                         const QStringList &explanations = QStringList());
+
+    // The pieces both layouts are made of, for callers that add columns.
+    static QString tsvHeader(bool explain = false);
+    static QStringList tsvRows(const QVector<CMatchResult> &sorted, int rowCount,
+                               const QStringList &explanations = QStringList());
+    static QJsonArray jsonRows(const QVector<CMatchResult> &sorted, int rowCount,
+                               const QStringList &explanations = QStringList());
 };

@@ -125,3 +125,26 @@ CCliStatus CCliNumbers::hexColour(const QString &text, RgbColour *colour)
     *colour = fromBytes(int(rgb >> 16) & 0xff, int(rgb >> 8) & 0xff, int(rgb) & 0xff);
     return CCliStatus::ok();
 }
+
+CCliStatus CCliNumbers::anyColour(const QString &text, RgbColour *colour)
+{
+    const QString trimmed = text.trimmed();
+    QVector<int> bytes;
+    bool ok = false;
+    if (trimmed.contains(QLatin1Char(','))) {
+        const QStringList words = trimmed.split(QLatin1Char(','));
+        bytes.resize(3);
+        ok = words.size() == 3;
+        for (int i = 0; ok && i < 3; ++i)
+            ok = integerInRange(words.at(i), 0, kByteMaximum, &bytes[i]);
+        if (ok)
+            *colour = fromBytes(bytes.at(0), bytes.at(1), bytes.at(2));
+    } else {
+        ok = !hexColour(trimmed, colour).failed();
+    }
+    if (ok)
+        return CCliStatus::ok();
+    return CCliStatus::badInput(
+        QStringLiteral("%1 is not a colour (#rrggbb, rrggbb or R,G,B with 0 to 255)")
+            .arg(quoted(text)));
+}

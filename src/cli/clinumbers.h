@@ -25,4 +25,7 @@ public:
     // "R,G,B" with bytes 0..255, or "RRGGBB" (an optional "#" allowed).
     static CCliStatus rgbBytes(const QString &text, RgbColour *colour);
     static CCliStatus hexColour(const QString &text, RgbColour *colour);
+    // One colour in any of the forms a list of samples may use: "#rrggbb",
+    // "rrggbb" or "R,G,B" with bytes 0..255 (spaces around the parts allowed).
+    static CCliStatus anyColour(const QString &text, RgbColour *colour);
 };

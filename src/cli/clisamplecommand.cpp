@@ -6,12 +6,12 @@
 #include "cli/clitablecommands.h"
 #include "colour/colourformat.h"
 #include "colour/colourprofile.h"
+#include "colour/imagefile.h"
 #include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
 #include "colour/pickgeometry.h"
 #include "tables/libcolourtable.h"
 
-#include <QImageReader>
 
 namespace {
 
@@ -104,16 +104,14 @@ CCliStatus CCliSampleCommand::parse(const QStringList &words, CCliArguments *arg
 
 CCliStatus CCliSampleCommand::readImage(const QString &path, QImage *image)
 {
-    QImageReader reader(path);
-    bool read = false;
+    QString reason;
+    CImageFile::Status status = CImageFile::CannotRead;
     {
         CCliStderrSilencer silencer;
-        read = reader.read(image);
+        status = CImageFile::read(path, image, &reason);
     }
-    if (!read || image->isNull()) {
-        return CCliStatus::badInput(
-            QStringLiteral("cannot read image %1: %2").arg(path, reader.errorString()));
-    }
+    if (status != CImageFile::Read)
+        return CCliStatus::badInput(QStringLiteral("cannot read image %1: %2").arg(path, reason));
     return CCliStatus::ok();
 }
 

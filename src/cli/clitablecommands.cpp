@@ -1,6 +1,7 @@
 #include "cli/clitablecommands.h"
 
 #include "cli/cliarguments.h"
+#include "cli/climatchbatch.h"
 #include "cli/climatchformatter.h"
 #include "cli/clinumbers.h"
 #include "cli/clioutput.h"
@@ -12,12 +13,21 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
 const int kDefaultRowCount = 4;
 const int kMaximumRowCount = 1000000;
+const int kMaximumJobs = 1024;
+
+// Every core of the machine, unless --jobs says otherwise.
+int defaultJobs()
+{
+    return int(std::max(1u, std::thread::hardware_concurrency()));
+}
 
 CCliStatus parseMatchArguments(const QStringList &words, CCliArguments *args)
 {
@@ -26,17 +36,24 @@ CCliStatus parseMatchArguments(const QStringList &words, CCliArguments *args)
                                             {QStringLiteral("hex"), true},
                                             {QStringLiteral("count"), true},
                                             {QStringLiteral("format"), true},
-                                            {QStringLiteral("explain"), false}});
+                                            {QStringLiteral("explain"), false},
+                                            {QStringLiteral("jobs"), true}});
     if (status.failed())
         return status;
-    if (!args->positionals().isEmpty()) {
+    const bool batch = args->positionals() == QStringList(QStringLiteral("-"));
+    if (!args->positionals().isEmpty() && !batch) {
         return CCliStatus::usage(
             QStringLiteral("match takes no arguments besides its options, got \"%1\"")
                 .arg(args->positionals().first()));
     }
     if (!args->has(QStringLiteral("table")))
         return CCliStatus::usage(QStringLiteral("match needs --table FILE"));
-    if (!args->has(QStringLiteral("rgb")) && !args->has(QStringLiteral("hex")))
+    if (batch && (args->has(QStringLiteral("rgb")) || args->has(QStringLiteral("hex"))))
+        return CCliStatus::usage(QStringLiteral("match - reads its colours from standard input, "
+                                                "not from --rgb or --hex"));
+    if (!batch && args->has(QStringLiteral("jobs")))
+        return CCliStatus::usage(QStringLiteral("--jobs needs match -"));
+    if (!batch && !args->has(QStringLiteral("rgb")) && !args->has(QStringLiteral("hex")))
         return CCliStatus::usage(QStringLiteral("match needs --rgb R,G,B or --hex RRGGBB"));
     return args->exclusive(QStringLiteral("rgb"), QStringLiteral("hex"));
 }
@@ -79,19 +96,27 @@ CCliStatus CCliTableCommands::match(const QStringList &words)
             args.choice(QStringLiteral("format"), {QStringLiteral("tsv"), QStringLiteral("json")},
                         QStringLiteral("tsv"), &format);
     }
+    const bool batch = !args.positionals().isEmpty();
     RgbColour sample;
-    if (!status.failed())
+    if (!status.failed() && !batch)
         status = sampleColour(args, &sample);
     int count = kDefaultRowCount;
     if (!status.failed())
         status = rowCountOption(args.value(QStringLiteral("count")), &count);
+    int jobs = defaultJobs();
+    if (!status.failed() && args.has(QStringLiteral("jobs"))) {
+        status = CCliNumbers::toInteger(args.value(QStringLiteral("jobs")), 1, kMaximumJobs,
+                                        QStringLiteral("--jobs"), &jobs);
+    }
     CLibColourTable table;
     if (!status.failed())
         status = loadTable(args.value(QStringLiteral("table")), &table);
+    if (!status.failed() && batch)
+        status = checkMatchable(table);
     if (status.failed())
         return status;
-    return printMatch(table, sample, count, format == QLatin1String("json"),
-                      args.has(QStringLiteral("explain")));
+                                            {QStringLiteral("explain"), false},
+                                            {QStringLiteral("jobs"), true}});
 }
 
 CCliStatus CCliTableCommands::loadTable(const QString &path, CColourTable *table)
@@ -132,7 +157,7 @@ CCliStatus CCliTableCommands::printMatch(const CColourTable &table, const RgbCol
     const CCliStatus status = checkMatchable(table);
     if (status.failed())
         return status;
-    const QVector<CMatchResult> sorted = CColourMatcher::match(table, sample);
+    const QVector<CMatchResult> sorted = CColourMatcher(table).bestRows(sample, count);
     const int rows = CColourMatcher::rowsToShow(sorted, count);
     QStringList explanations;
     const LabColour sampleLab = rgbToLab(sample);

@@ -32,3 +32,13 @@ XyzColour labToXyz(double L, double a, double b);
 RgbColour xyzToRgb(double X, double Y, double Z);
 RgbColour labToRgb(double L, double a, double b);
 RgbColour labToRgb(const LabColour &lab);
+
+// The cube root of t within one unit in the last place of the true root,
+// about twice as fast (a table and a short polynomial, no division), in
+// plain arithmetic any compiler can build. Zero, subnormal, negative,
+// infinite and NaN arguments go to std::cbrt.
+double cubeRoot(double t);
+// xyzToLab with cubeRoot: within 1e-12 of xyzToLab for every colour of the
+// 8-bit cube. For averaging millions of pixels, where the C library's cube
+// root is most of the cost; single colours shown to the user use xyzToLab.
+LabColour xyzToLabFast(double X, double Y, double Z);

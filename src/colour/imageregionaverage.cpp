@@ -90,16 +90,47 @@ RgbColour rootMeanSquare(const QImage &image, const QRect &region)
     return {std::sqrt(sums[0] / n), std::sqrt(sums[1] / n), std::sqrt(sums[2] / n)};
 }
 
+void addLab(LabColour &sum, const LabColour &lab)
+{
+    sum.L += lab.L;
+    sum.a += lab.a;
+    sum.b += lab.b;
+}
+
+// Each 8-bit component value linearised once, scaled to XYZ's 0..100.
+const std::array<double, 256> &linearTable()
+{
+    static const std::array<double, 256> table = [] {
+        std::array<double, 256> t{};
+        for (int v = 0; v < 256; ++v)
+            t[size_t(v)] = srgbLinearise(v / 255.0) * 100.0;
+        return t;
+    }();
+    return table;
+}
+
+// The same arithmetic as rgbToLab, with the linearisation looked up.
+LabColour pixelLab(int red, int green, int blue)
+{
+    const std::array<double, 256> &linear = linearTable();
+    const double r = linear[size_t(red)];
+    const double g = linear[size_t(green)];
+    const double b = linear[size_t(blue)];
+    return xyzToLabFast(0.4124 * r + 0.3576 * g + 0.1805 * b,
+                        0.2126 * r + 0.7152 * g + 0.0722 * b,
+                        0.0193 * r + 0.1192 * g + 0.9505 * b);
+}
+
 // L*a*b* of 8-bit pixels, remembering recent colours: neighbouring pixels of
 // a photograph repeat colours far more often than not, and the cube roots of
-// the conversion are what costs.
+// the conversion are what costs. Those use the quick cube root, within 1e-12
+// of the exact conversion per pixel, so pictures without repeated colours
+// (film grain, sensor noise) cost little more than photographs.
 class LabCache
 {
 public:
     LabCache()
     {
-        for (int v = 0; v < 256; ++v)
-            m_linear[v] = srgbLinearise(v / 255.0) * 100.0;
         for (Slot &slot : m_slots)
             slot.key = kEmpty;
     }
@@ -110,13 +141,60 @@ public:
         Slot &slot = m_slots[(key * 2654435761u) >> (32 - kBits)];
         if (slot.key != key) {
             slot.key = key;
-            slot.lab = convert(qRed(pixel), qGreen(pixel), qBlue(pixel));
+            slot.lab = pixelLab(qRed(pixel), qGreen(pixel), qBlue(pixel));
+        } else {
+            ++m_hits;
         }
         return slot.lab;
+    }
+    static LabColour direct(QRgb pixel) { return pixelLab(qRed(pixel), qGreen(pixel), qBlue(pixel)); }
+
+    // Whether the next row should go through the cache. A picture without
+    // repeated colours (noise) would only thrash it, so after a row with
+    // few hits the cache is left out, and tried again every 16th row.
+    bool useForNextRow()
+    {
+        if (m_worthIt || ++m_rowsWithout >= kRowsBetweenTrials) {
+            m_rowsWithout = 0;
+            return true;
+        }
+        return false;
+    }
+    void rowDone(int width)
+    {
+        m_worthIt = m_hits * 4 >= qint64(width);
+        m_hits = 0;
+    }
+
+    // Converts one row into sum (in order), through the cache or not.
+    void addRow(const QRgb *row, int width, LabColour &sum)
+    {
+        if (useForNextRow()) {
+            for (int i = 0; i < width; ++i)
+                addLab(sum, lab(row[i]));
+            rowDone(width);
+        } else {
+            for (int i = 0; i < width; ++i)
+                addLab(sum, direct(row[i]));
+        }
+    }
+    // The same, storing each pixel's Lab instead.
+    LabColour *convertRow(const QRgb *row, int width, LabColour *out)
+    {
+        if (useForNextRow()) {
+            for (int i = 0; i < width; ++i)
+                *out++ = lab(row[i]);
+            rowDone(width);
+        } else {
+            for (int i = 0; i < width; ++i)
+                *out++ = direct(row[i]);
+        }
+        return out;
     }
 
 private:
     static constexpr int kBits = 16;
+    static constexpr int kRowsBetweenTrials = 16;
     static constexpr uint32_t kEmpty = 0xffffffffu;
     struct Slot
     {
@@ -124,27 +202,11 @@ private:
         LabColour lab;
     };
 
-    // The same arithmetic as rgbToLab, with the linearisation looked up.
-    LabColour convert(int red, int green, int blue) const
-    {
-        const double r = m_linear[red];
-        const double g = m_linear[green];
-        const double b = m_linear[blue];
-        return xyzToLab(0.4124 * r + 0.3576 * g + 0.1805 * b,
-                        0.2126 * r + 0.7152 * g + 0.0722 * b,
-                        0.0193 * r + 0.1192 * g + 0.9505 * b);
-    }
-
-    std::array<double, 256> m_linear{};
     std::array<Slot, (1 << kBits)> m_slots{};
+    qint64 m_hits = 0;
+    int m_rowsWithout = 0;
+    bool m_worthIt = true;
 };
-
-void addLab(LabColour &sum, const LabColour &lab)
-{
-    sum.L += lab.L;
-    sum.a += lab.a;
-    sum.b += lab.b;
-}
 
 // Converts and sums rows first..last of the region, in order.
 void sumRows(const QImage &image, const QRect &region, int first, int last, LabCache &cache,
@@ -155,11 +217,8 @@ void sumRows(const QImage &image, const QRect &region, int first, int last, LabC
     const int width = region.width();
     LabColour local = sum;
     RowReader reader(image, region);
-    for (int y = first; y <= last; ++y) {
-        const QRgb *row = reader.row(y);
-        for (int i = 0; i < width; ++i)
-            addLab(local, cache.lab(row[i]));
-    }
+    for (int y = first; y <= last; ++y)
+        cache.addRow(reader.row(y), width, local);
     sum = local;
 }
 
@@ -228,11 +287,8 @@ private:
         for (int k = 0, block = 1; block < m_blocks; ++k, block += 2) {
             waitUntil([&] { return k - m_consumed < 2; });
             LabColour *out = m_slots[k % 2].data();
-            for (int y = firstRow(block), last = lastRow(block); y <= last; ++y) {
-                const QRgb *row = reader.row(y);
-                for (int i = 0; i < width; ++i)
-                    *out++ = cache->lab(row[i]);
-            }
+            for (int y = firstRow(block), last = lastRow(block); y <= last; ++y)
+                out = cache->convertRow(reader.row(y), width, out);
             announce([&] { m_produced = k + 1; });
         }
     }
@@ -274,29 +330,59 @@ private:
     int m_consumed = 0; // odd blocks added up by the caller
 };
 
-RgbColour labMean(const QImage &image, const QRect &region)
+const qint64 kCacheWorthIt = 4096;
+
+LabColour labMean(const QImage &image, const QRect &region)
 {
     LabColour sum;
-    if (!LabBlockPipeline::worthIt(region) || !LabBlockPipeline(image, region).sum(&sum)) {
+    if (qint64(region.width()) * region.height() < kCacheWorthIt) {
+        // A click's few pixels: setting up the cache would cost more.
+        RowReader reader(image, region);
+        for (int y = region.top(); y <= region.bottom(); ++y) {
+            const QRgb *row = reader.row(y);
+            for (int i = 0; i < region.width(); ++i)
+                addLab(sum, pixelLab(qRed(row[i]), qGreen(row[i]), qBlue(row[i])));
+        }
+    } else if (!LabBlockPipeline::worthIt(region) || !LabBlockPipeline(image, region).sum(&sum)) {
         // The cache is large; keep it off the stack.
         auto cache = std::make_unique<LabCache>();
         sumRows(image, region, region.top(), region.bottom(), *cache, sum);
     }
     const double n = static_cast<double>(region.width()) * region.height();
-    return labToRgb(sum.L / n, sum.a / n, sum.b / n);
+    return {sum.L / n, sum.a / n, sum.b / n};
 }
 
 } // namespace
 
+namespace {
+
+// The part of region inside the image; false when no pixel is left. A region
+// given with its corners the wrong way round holds no pixels: intersecting
+// first would turn it the right way round.
+bool clip(const QImage &image, const QRect &region, QRect *inside)
+{
+    if (region.isEmpty())
+        return false;
+    *inside = region.intersected(image.rect());
+    return !inside->isEmpty();
+}
+
+} // namespace
+
+bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean)
+{
+    QRect inside;
+    if (mean == nullptr || !clip(image, region, &inside))
+        return false;
+    *mean = labMean(image, inside);
+    return true;
+}
+
 bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, RgbColour *result)
 {
-    // A region given with its corners the wrong way round holds no pixels;
-    // intersecting first would turn it the right way round.
-    if (region.isEmpty() || result == nullptr)
+    QRect inside;
+    if (result == nullptr || !clip(image, region, &inside))
         return false;
-    const QRect inside = region.intersected(image.rect());
-    if (inside.isEmpty())
-        return false;
-    *result = useRgb ? rootMeanSquare(image, inside) : labMean(image, inside);
+    *result = useRgb ? rootMeanSquare(image, inside) : labToRgb(labMean(image, inside));
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "colour/labcolour.h"
 #include "colour/rgbcolour.h"
 
 #include <QImage>
@@ -10,3 +11,7 @@
 // (alpha ignored) without building a list of per-pixel colours. Returns false
 // and leaves `result` alone when the region holds no pixels.
 bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, RgbColour *result);
+
+// The mean L*a*b* the Lab rule converts back: within 1e-9 of the mean of
+// rgbToLab over the pixel list. False, leaving `mean` alone, for no pixels.
+bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean);

@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/commandid.h"
+#include "colour/imagefile.h"
 #include "sample/previewfiledialog.h"
 
 #include <QFileInfo>
@@ -64,7 +65,9 @@ bool CImageSource::readFile()
     // the user was looking there.
     if (m_settings)
         m_settings->workDir = info.canonicalPath();
-    return m_image.load(m_path);
+    // Sized up before decoding: a picture too large for memory is refused
+    // like any other unreadable file.
+    return CImageFile::read(m_path, &m_image) == CImageFile::Read;
 }
 
 void CImageSource::reportUnreadable()

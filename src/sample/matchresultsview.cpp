@@ -54,8 +54,8 @@ CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *pare
 
 void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &sample)
 {
-    const QVector<CMatchResult> results = CColourMatcher::match(table, sample);
     const int maxRecords = m_settings ? m_settings->maxRecordsDisplay : kDefaultRows;
+    const QVector<CMatchResult> results = CColourMatcher(table).bestRows(sample, maxRecords);
     const int rows = CColourMatcher::rowsToShow(results, maxRecords);
     setUpdatesEnabled(false);
     setRowCount(0);

@@ -1,4 +1,5 @@
 #include "clirunner.h"
+#include "matchrowtexts.h"
 
 #include "colour/colouraverage.h"
 #include "colour/colourconversion.h"
@@ -138,6 +139,7 @@ private slots:
     void sampleWithEmptyTablePrintsNothing();
     void sampleUnreadableImages_data();
     void sampleUnreadableImages();
+    void sampleDecompressionBombIsRefusedBeforeDecoding();
 };
 
 // ---------------------------------------------------------------- helpers
@@ -229,14 +231,7 @@ QStringList TestCli::expectedTsv(const QString &tablePath, const RgbColour &samp
     const int rows = CColourMatcher::rowsToShow(sorted, count);
     QStringList lines{QStringLiteral("rank\tname\thex\tdeltaE\tpercent\tverdict")};
     for (int i = 0; i < rows; ++i) {
-        const CMatchResult &r = sorted.at(i);
-        lines << QStringList{QString::number(i + 1),
-                             r.name,
-                             colourName(r.red, r.green, r.blue),
-                             QString::number(double(r.deltaE), 'f', 4),
-                             QString::number(double(matchPercent(r.deltaE)), 'f', 4),
-                             verdictShortText(verdict(r.deltaE))}
-                     .join(QLatin1Char('\t'));
+        lines << MatchRowTexts::cells(sorted.at(i), i + 1).join(QLatin1Char('\t'));
     }
     return lines;
 }
@@ -1206,6 +1201,17 @@ void TestCli::sampleUnreadableImages()
         QVERIFY(FixtureFile::write(file, content));
     const Run run = cli({"sample", file, "--point", "1,1"});
     verifyErrorContains(run, 2, "cannot read image " + file + ": " + reason);
+    QVERIFY(run.out.isEmpty());
+}
+
+void TestCli::sampleDecompressionBombIsRefusedBeforeDecoding()
+{
+    const QString file = path("bomb.png");
+    QVERIFY(FixtureFile::write(file, ImageWriter::pngClaimingSize(100000, 100000)));
+    const Run run = cli({"sample", file, "--point", "1,1"});
+    verifyError(run, 2,
+                "cannot read image " + file
+                    + ": a picture of 100000 x 100000 pixels would take more than 2 GiB");
     QVERIFY(run.out.isEmpty());
 }
 

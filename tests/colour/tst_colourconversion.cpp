@@ -1,8 +1,13 @@
 #include "colour/colourconversion.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -67,6 +72,9 @@ private slots:
     void fractionToByteTruncates();
     void roundToFourDecimalsAddsHalfAndTruncates_data();
     void roundToFourDecimalsAddsHalfAndTruncates();
+    void cubeRootWithinOneUnitOfTheTrueCubeRoot();
+    void cubeRootOfSpecialValuesIsLibraryCubeRoot();
+    void quickLabOfEveryEightBitColourWithinTrillionthOfExact();
 };
 
 void TestColourConversion::whiteGivesD65WhitePointAndFullLightness()
@@ -278,6 +286,109 @@ void TestColourConversion::roundToFourDecimalsAddsHalfAndTruncates()
     QFETCH(double, value);
     QFETCH(double, rounded);
     QCOMPARE(roundToFourDecimals(value), rounded);
+}
+
+namespace {
+
+// Distance in units in the last place between two positive finite doubles.
+double ulpsApart(double a, double b)
+{
+    return std::fabs(a - b) / (std::nextafter(std::max(a, b), std::numeric_limits<double>::infinity())
+                               - std::max(a, b));
+}
+
+} // namespace
+
+void TestColourConversion::cubeRootWithinOneUnitOfTheTrueCubeRoot()
+{
+    QRandomGenerator random(3);
+    std::vector<double> values{0.008856, 0.0088560000001, 1.0, 2.0, 4.0, 8.0, 0.5, 0.25, 0.125,
+                               1.0 - 1e-16, 1.0 + 2e-16, 27.0, 1e-300, 1e300,
+                               std::numeric_limits<double>::min(),
+                               std::numeric_limits<double>::max()};
+    for (int i = 0; i < 200000; ++i) {
+        values.push_back(random.generateDouble() * 1.1);                      // the Lab range
+        values.push_back(std::ldexp(1.0 + random.generateDouble(), random.bounded(-1000, 1000)));
+    }
+    double worst = 0.0;
+    for (const double t : values) {
+        const double quick = cubeRoot(t);
+        // The C library's double cbrt is itself up to about 3 units off;
+        // the extended-precision one, rounded, is the true root.
+        const double exact = static_cast<double>(std::cbrt(static_cast<long double>(t)));
+        worst = std::max(worst, ulpsApart(quick, exact));
+        QVERIFY2(ulpsApart(quick, exact) <= 1.0,
+                 qPrintable(QStringLiteral("cbrt(%1): %2 against %3")
+                                .arg(t, 0, 'g', 17)
+                                .arg(quick, 0, 'g', 17)
+                                .arg(exact, 0, 'g', 17)));
+    }
+    QVERIFY(worst > 0.0); // not the extended-precision cbrt itself
+}
+
+void TestColourConversion::cubeRootOfSpecialValuesIsLibraryCubeRoot()
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    QCOMPARE(cubeRoot(0.0), 0.0);
+    QVERIFY(std::signbit(cubeRoot(-0.0)));
+    QCOMPARE(cubeRoot(-8.0), -2.0);
+    QCOMPARE(cubeRoot(inf), inf);
+    QCOMPARE(cubeRoot(-inf), -inf);
+    QVERIFY(std::isnan(cubeRoot(std::numeric_limits<double>::quiet_NaN())));
+    const double subnormal = std::numeric_limits<double>::denorm_min() * 12345.0;
+    QCOMPARE(cubeRoot(subnormal), std::cbrt(subnormal));
+    QCOMPARE(cubeRoot(8.0), 2.0);
+    QCOMPARE(cubeRoot(0.001), std::cbrt(0.001));
+}
+
+// All 16,777,216 colours of the 8-bit cube, shared among the cores: the
+// quick conversion that averaging uses against the exact one.
+void TestColourConversion::quickLabOfEveryEightBitColourWithinTrillionthOfExact()
+{
+    double linear[256];
+    for (int v = 0; v < 256; ++v)
+        linear[v] = srgbLinearise(v / 255.0) * 100.0;
+    // The loop below builds XYZ as rgbToXyz does.
+    const XyzColour check = rgbToXyz(51 / 255.0, 102 / 255.0, 153 / 255.0);
+    QCOMPARE(0.4124 * linear[51] + 0.3576 * linear[102] + 0.1805 * linear[153], check.X);
+    QCOMPARE(0.0193 * linear[51] + 0.1192 * linear[102] + 0.9505 * linear[153], check.Z);
+    const int threads = int(std::max(1u, std::thread::hardware_concurrency()));
+    std::vector<double> worst(size_t(threads), 0.0);
+    std::vector<int> failedAt(size_t(threads), -1);
+    std::vector<std::thread> workers;
+    for (int t = 0; t < threads; ++t) {
+        workers.emplace_back([&, t] {
+            for (int red = t; red < 256; red += threads) {
+                for (int green = 0; green < 256; ++green) {
+                    for (int blue = 0; blue < 256; ++blue) {
+                        // The same XYZ arithmetic as rgbToXyz, linearisation looked up.
+                        const double r = linear[red], g = linear[green], b = linear[blue];
+                        const double X = 0.4124 * r + 0.3576 * g + 0.1805 * b;
+                        const double Y = 0.2126 * r + 0.7152 * g + 0.0722 * b;
+                        const double Z = 0.0193 * r + 0.1192 * g + 0.9505 * b;
+                        const LabColour exact = xyzToLab(X, Y, Z);
+                        const LabColour quick = xyzToLabFast(X, Y, Z);
+                        const double d = std::max({std::fabs(quick.L - exact.L),
+                                                   std::fabs(quick.a - exact.a),
+                                                   std::fabs(quick.b - exact.b)});
+                        worst[size_t(t)] = std::max(worst[size_t(t)], d);
+                        if (!(d <= 1e-12) && failedAt[size_t(t)] < 0)
+                            failedAt[size_t(t)] = (red << 16) | (green << 8) | blue;
+                    }
+                }
+            }
+        });
+    }
+    for (std::thread &w : workers)
+        w.join();
+    for (int t = 0; t < threads; ++t) {
+        QVERIFY2(failedAt[size_t(t)] < 0,
+                 qPrintable(QStringLiteral("colour %1 differs by %2")
+                                .arg(failedAt[size_t(t)], 6, 16, QLatin1Char('0'))
+                                .arg(worst[size_t(t)])));
+    }
+    qInfo("largest difference over the cube: %g",
+          *std::max_element(worst.begin(), worst.end()));
 }
 
 QTEST_GUILESS_MAIN(TestColourConversion)

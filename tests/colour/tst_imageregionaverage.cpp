@@ -37,6 +37,9 @@ private slots:
     void everyFormatMatchesPixelReading_data();
     void everyFormatMatchesPixelReading();
     void indexedImageWithIndexBeyondPaletteReadsLikePixel();
+    void meanLabOfNoiseWithinBillionthOfPixelList_data();
+    void meanLabOfNoiseWithinBillionthOfPixelList();
+    void meanLabOfEmptyRegionLeavesResult();
 };
 
 QImage TestImageRegionAverage::noisyImage(int width, int height, bool withAlpha)
@@ -217,6 +220,43 @@ void TestImageRegionAverage::indexedImageWithIndexBeyondPaletteReadsLikePixel()
     RgbColour lab;
     QVERIFY(averageImageRegion(image, image.rect(), false, &lab));
     compareExactly(lab, averageColours(list, false));
+}
+
+void TestImageRegionAverage::meanLabOfNoiseWithinBillionthOfPixelList_data()
+{
+    QTest::addColumn<QRect>("region");
+    QTest::newRow("small") << QRect(3, 5, 40, 30);
+    QTest::newRow("whole picture, on two threads") << QRect(0, 0, 1100, 700);
+}
+
+void TestImageRegionAverage::meanLabOfNoiseWithinBillionthOfPixelList()
+{
+    QFETCH(QRect, region);
+    static const QImage image = noisyImage(1100, 700, false);
+    LabColour sum;
+    for (const RgbColour &c : PixelList::read(image, region)) {
+        const LabColour lab = rgbToLab(c);
+        sum.L += lab.L;
+        sum.a += lab.a;
+        sum.b += lab.b;
+    }
+    const double n = double(region.width()) * region.height();
+    LabColour mean;
+    QVERIFY(meanImageRegionLab(image, region, &mean));
+    QVERIFY2(std::fabs(mean.L - sum.L / n) < 1e-9, qPrintable(QString::number(mean.L - sum.L / n)));
+    QVERIFY(std::fabs(mean.a - sum.a / n) < 1e-9);
+    QVERIFY(std::fabs(mean.b - sum.b / n) < 1e-9);
+    QVERIFY(mean.L > 1.0); // noise is not black
+}
+
+void TestImageRegionAverage::meanLabOfEmptyRegionLeavesResult()
+{
+    const QImage image = noisyImage(8, 8, false);
+    LabColour mean{1.0, 2.0, 3.0};
+    QVERIFY(!meanImageRegionLab(image, QRect(20, 20, 4, 4), &mean));
+    QVERIFY(!meanImageRegionLab(image, QRect(2, 2, 0, 3), &mean));
+    QCOMPARE(mean.L, 1.0);
+    QCOMPARE(mean.b, 3.0);
 }
 
 QTEST_GUILESS_MAIN(TestImageRegionAverage)

@@ -36,6 +36,7 @@ private slots:
     void deletedRecentFileWarnsAndKeepsTheWorkingFolder();
     void corruptImageMovesTheWorkingFolderThenWarns();
     void failedOpenKeepsTheShownPicture();
+    void decompressionBombIsRefusedWithTheUnreadableMessage();
     void indexedGifIsShownAndPickedAsRgb32();
     void indexedImageIsWidenedToRgb32ByTheView();
     void titleIsFileNameFolderAndTrailingDash();
@@ -213,6 +214,19 @@ void TestImageSource::corruptImageMovesTheWorkingFolderThenWarns()
     QVERIFY(answer.wasAnswered());
     QCOMPARE(answer.text(), QStringLiteral("The file:\n\n%1\n\ncould not be opened.").arg(file));
     QCOMPARE(window.settings()->workDir, QFileInfo(file).canonicalPath());
+    QVERIFY(window.settings()->recentFiles.isEmpty());
+}
+
+void TestImageSource::decompressionBombIsRefusedWithTheUnreadableMessage()
+{
+    // Its header claims 100000 x 100000 pixels: 40 GB decoded.
+    const QString file = path("bomb.png");
+    QVERIFY(FixtureFile::write(file, ImageWriter::pngClaimingSize(100000, 100000)));
+    CMainWindow window(AppContext::versionTitle());
+    ModalAnswerer answer("OK");
+    QVERIFY(!window.imageSource()->open(CmdOpenImage, file));
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.text(), QStringLiteral("The file:\n\n%1\n\ncould not be opened.").arg(file));
     QVERIFY(window.settings()->recentFiles.isEmpty());
 }
 

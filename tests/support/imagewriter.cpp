@@ -2,10 +2,48 @@
 
 #include "gifencoder.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
+#include <QtEndian>
+
+namespace {
+
+quint32 crc32(const QByteArray &bytes)
+{
+    quint32 crc = 0xffffffffu;
+    for (const char c : bytes) {
+        crc ^= quint8(c);
+        for (int k = 0; k < 8; ++k)
+            crc = (crc >> 1) ^ (0xedb88320u & (0u - (crc & 1u)));
+    }
+    return ~crc;
+}
+
+QByteArray bigEndian(quint32 value)
+{
+    QByteArray out(4, '\0');
+    qToBigEndian(value, out.data());
+    return out;
+}
+
+} // namespace
 
 namespace ImageWriter {
+
+QByteArray pngClaimingSize(quint32 width, quint32 height)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    gradient(4, 4, QImage::Format_ARGB32).save(&buffer, "PNG");
+    // Signature (8), length (4), "IHDR" (4), width, height, ... and the
+    // chunk's checksum over its type and data.
+    png.replace(16, 4, bigEndian(width));
+    png.replace(20, 4, bigEndian(height));
+    png.replace(29, 4, bigEndian(crc32(png.mid(12, 17))));
+    return png;
+}
 
 QImage gradient(int width, int height, QImage::Format format)
 {

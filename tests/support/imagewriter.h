@@ -17,5 +17,8 @@ bool writeAlphaPng(const QString &path, int width, int height, const QColor &col
 bool writeIndexedGif(const QString &path, int width, int height, const QVector<QRgb> &palette);
 bool writeJpeg(const QString &path, int width, int height, const QColor &colour);
 bool writeTiff(const QString &path, int width, int height, const QColor &colour);
+// A real 4 x 4 PNG whose header then claims width x height pixels (its
+// checksum made right again), as a decompression bomb does.
+QByteArray pngClaimingSize(quint32 width, quint32 height);
 
 } // namespace ImageWriter
