@@ -97,6 +97,9 @@ CCliStatus CCliTableCommands::match(const QStringList &words)
                         QStringLiteral("tsv"), &format);
     }
     const bool batch = !args.positionals().isEmpty();
+    // Batch rows have no room for a sentence each: refused, not dropped.
+    if (!status.failed() && batch && args.has(QStringLiteral("explain")))
+        status = CCliStatus::usage(QStringLiteral("--explain takes one colour, not a list from -"));
     RgbColour sample;
     if (!status.failed() && !batch)
         status = sampleColour(args, &sample);
@@ -115,8 +118,10 @@ CCliStatus CCliTableCommands::match(const QStringList &words)
         status = checkMatchable(table);
     if (status.failed())
         return status;
-                                            {QStringLiteral("explain"), false},
-                                            {QStringLiteral("jobs"), true}});
+    if (batch)
+        return CCliMatchBatch(table, count, format == QLatin1String("json"), jobs).run(stdin);
+    return printMatch(table, sample, count, format == QLatin1String("json"),
+                      args.has(QStringLiteral("explain")));
 }
 
 CCliStatus CCliTableCommands::loadTable(const QString &path, CColourTable *table)

@@ -8,6 +8,7 @@
 #include "colour/matchexplanation.h"
 #include "colour/pickgeometry.h"
 #include "colour/pickspread.h"
+#include "sample/colourcontextmenu.h"
 #include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/dlgexplainmatch.h"
