@@ -203,7 +203,7 @@ void TestTipDialog::uncheckingTheBoxAndClosingStoresFalseAndTheDialogStaysAwayAt
     ModalAnswerer unexpected(QStringLiteral("&Close"), ModalAnswerer::Action(), 300);
     QVERIFY(!CTipDialog::showAtStartup(nullptr, QStringLiteral("Vellora"), &nextStart, path));
     QVERIFY(!CTipDialog::instance());
-    QTest::qWait(400);
+    QCoreApplication::processEvents();
     QVERIFY(!unexpected.wasAnswered());
 }
 

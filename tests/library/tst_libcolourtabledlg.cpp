@@ -726,7 +726,7 @@ void TestLibColourTableDlg::unknownButtonDoesNothing()
     ModalAnswerer none(QStringLiteral("OK"), ModalAnswerer::Action(), 300);
     page()->processButton(5);
     page()->processButton(-1);
-    QTest::qWait(400);
+    QCoreApplication::processEvents();
     QVERIFY(!none.wasAnswered());
     QCOMPARE(libraryFiles(), QStringList({"Reds.clrtable"}));
     QVERIFY(!page()->isChanged());

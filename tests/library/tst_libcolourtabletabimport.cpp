@@ -249,7 +249,8 @@ void TestLibColourTableTabImport::cancelledFileDialogChangesNothing()
     QVERIFY(openPage());
     ModalSequence answers({Step{"Cancel", {}}, Step{"OK", {}}});
     QTest::mouseClick(m_page->quillonButton(), Qt::LeftButton);
-    QTest::qWait(300);
+    // Every box is shown inside the click, so by now all have been answered.
+    QCoreApplication::processEvents();
     QCOMPARE(answers.answeredCount(), 1);
     QCOMPARE(libraryFiles(), QStringList());
     QVERIFY(!m_page->isChanged());

@@ -521,7 +521,8 @@ void TestPickInsight::resultsShowWholeAtTheDefaultWindowSize()
     match(*window);
     QTableWidget *results = page->resultsTable();
     QCOMPARE(results->rowCount(), 4);
-    QTest::qWait(50); // let the layouts settle
+    // Layout requests are posted events: deliver them before measuring.
+    QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
     int labels = 0;
     for (int row = 0; row < results->rowCount(); ++row) {
