@@ -13,7 +13,7 @@
 #include "support/imagewriter.h"
 #include "support/modalsequence.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -48,14 +48,13 @@ private:
     void maintain(CMainWindow &window, const std::function<void(CLibColourTableDlg *)> &inside);
     void addSample(CMainWindow &window, const QPoint &point, const QString &name);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
 };
 
 void TestLibraryEndToEnd::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
 }
 
 void TestLibraryEndToEnd::cleanupTestCase()
@@ -110,12 +109,12 @@ void TestLibraryEndToEnd::addSample(CMainWindow &window, const QPoint &point, co
 
 void TestLibraryEndToEnd::sampleStoredInANewTableMatchesItselfFirst()
 {
-    const QString library = m_home->path() + QStringLiteral("/Library");
+    const QString library = m_home->home() + QStringLiteral("/Library");
     QVERIFY(FixtureFile::write(library + QStringLiteral("/Base.clrtable"),
                                "1.0, 0.0, 0.0, Red\n0.0, 0.0, 1.0, Blue\n"));
     StoredSettings::setValue(QStringLiteral("ColourLibrary/directory"), library);
     StoredSettings::setValue(QStringLiteral("Sample/created"), true);
-    const QString imagePath = m_home->path() + QStringLiteral("/oranges.png");
+    const QString imagePath = m_home->home() + QStringLiteral("/oranges.png");
     auto window = openImageWindow(twoOrangesImage(), imagePath);
     QVERIFY(window);
     window->settings()->rgbDifference = false; // show the difference as Delta E

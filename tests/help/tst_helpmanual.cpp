@@ -1,7 +1,7 @@
 #include "help/helpanchors.h"
 #include "help/helpwindow.h"
 
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QHelpContentModel>
 #include <QHelpEngine>
@@ -36,7 +36,7 @@ private:
     QStringList htmlPages() const;
     QList<QUrl> contentsUrls(const QModelIndex &parent) const;
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     QHelpEngine *m_engine = nullptr;
 };
 
@@ -67,7 +67,7 @@ QStringList linkTargets(const QString &html)
 
 void TestHelpManual::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     const QString path = CHelpWindow::collectionPath(QStringLiteral(VELLORA_HELP_DIR));
     QVERIFY2(QFile::exists(path), qPrintable(path));
     m_engine = new QHelpEngine(path, this);

@@ -4,7 +4,7 @@
 #include "help/helpwindow.h"
 
 #include "support/modalanswerer.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -71,14 +71,13 @@ private:
     QHelpIndexModel *readyIndexModel(CHelpWindow *window);
     QHelpContentModel *readyContentModel(CHelpWindow *window);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     const QString m_folder = QStringLiteral(VELLORA_HELP_DIR);
 };
 
 void TestHelpWindow::initTestCase()
 {
-    m_home = new TempHome;
-    AppContext::initResources();
+    m_home = new GuiTestFixture;
     QVERIFY(QFile::exists(CHelpWindow::collectionPath(m_folder)));
 }
 

@@ -8,7 +8,7 @@
 
 #include "support/modalanswerer.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QAction>
 #include <QShortcut>
@@ -38,7 +38,7 @@ private slots:
     void tipAtStartUpReadsTheTipsBesideTheProgramOverTheMainWindow();
 
 private:
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
 };
 
 namespace {
@@ -56,8 +56,7 @@ QShortcut *altH(CMainWindow &window)
 
 void TestMainWindowHelp::initTestCase()
 {
-    m_home = new TempHome;
-    AppContext::initResources();
+    m_home = new GuiTestFixture;
     QVERIFY(QFile::exists(CHelpWindow::collectionPath(QCoreApplication::applicationDirPath())));
 }
 

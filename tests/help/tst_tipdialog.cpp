@@ -4,7 +4,7 @@
 
 #include "support/modalanswerer.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -40,14 +40,13 @@ private slots:
 private:
     QString writeTips(const QByteArray &content);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     CAppSettings *m_settings = nullptr;
 };
 
 void TestTipDialog::initTestCase()
 {
-    m_home = new TempHome;
-    AppContext::initResources();
+    m_home = new GuiTestFixture;
 }
 
 void TestTipDialog::init()
@@ -67,7 +66,7 @@ void TestTipDialog::cleanupTestCase()
 
 QString TestTipDialog::writeTips(const QByteArray &content)
 {
-    const QString path = m_home->path() + QLatin1String("/tips.txt");
+    const QString path = m_home->home() + QLatin1String("/tips.txt");
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return QString();
@@ -118,7 +117,7 @@ void TestTipDialog::onlyBlankLinesGiveNoTipsAvailable()
 
 void TestTipDialog::missingTipsFileGivesNoTipsAvailable()
 {
-    CTipDialog dialog(m_settings, nullptr, m_home->path() + QLatin1String("/none/tips.txt"));
+    CTipDialog dialog(m_settings, nullptr, m_home->home() + QLatin1String("/none/tips.txt"));
     QCOMPARE(dialog.tipView()->toPlainText(), QStringLiteral("No tips available."));
     QVERIFY(!dialog.nextButton()->isEnabled());
 }

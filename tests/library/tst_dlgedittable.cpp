@@ -5,7 +5,7 @@
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -61,7 +61,7 @@ private:
     QStringList gridNames() const;
     QByteArray fileBytes() const { return FixtureFile::read(m_path); }
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     QString m_path;
     std::unique_ptr<CLibColourTable> m_table;
     std::unique_ptr<CDlgEditTable> m_dialog;
@@ -74,10 +74,9 @@ const QByteArray kGreens("# Greens of the north\n0.1, 0.5, 0.1, moss\n0.2, 0.8, 
 
 void TestDlgEditTable::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
-    m_path = m_home->path() + QStringLiteral("/Greens.clrtable");
+    m_path = m_home->home() + QStringLiteral("/Greens.clrtable");
 }
 
 void TestDlgEditTable::cleanupTestCase()
@@ -386,7 +385,7 @@ void TestDlgEditTable::failedWriteOnOkKeepsTheOldFileShowsTheErrorAndStillAccept
     QCOMPARE(error.text(), QStringLiteral("Error, writing to file: %1.").arg(m_path));
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
     QCOMPARE(fileBytes(), content);
-    QCOMPARE(QDir(m_home->path()).entryList({"Greens*"}, QDir::Files | QDir::Hidden),
+    QCOMPARE(QDir(m_home->home()).entryList({"Greens*"}, QDir::Files | QDir::Hidden),
              QStringList({"Greens.clrtable"}));
 }
 

@@ -4,7 +4,7 @@
 #include "tables/libcolourtable.h"
 
 #include "support/modalanswerer.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -43,7 +43,7 @@ private:
     // Presses OK expecting a refusal; returns the message box's text.
     QString okRefusedWith();
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     CAppSettings *m_settings = nullptr;
     CLibColourTable m_table;
     std::unique_ptr<CDlgLibColourTableAdd> m_dialog;
@@ -51,9 +51,8 @@ private:
 
 void TestDlgLibColourTableAdd::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
     m_settings = new CAppSettings;
 }
 

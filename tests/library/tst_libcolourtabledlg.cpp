@@ -9,7 +9,7 @@
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -103,7 +103,7 @@ private:
     QStringList homeEntries() const;
     void writeTable(const QString &name, const QByteArray &content = QByteArray("0.1, 0.2, 0.3, X\n"));
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     std::unique_ptr<CLibColourTableDlg> m_dialog;
@@ -115,9 +115,8 @@ const QByteArray kReds("# Reds\n1.0, 0.0, 0.0, Red\n0.5, 0.0, 0.0, maroon\n");
 
 void TestLibColourTableDlg::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
     m_settings = new CAppSettings;
 }
 
@@ -130,7 +129,7 @@ void TestLibColourTableDlg::cleanupTestCase()
 
 void TestLibColourTableDlg::init()
 {
-    m_library = m_home->path() + QStringLiteral("/Library");
+    m_library = m_home->home() + QStringLiteral("/Library");
     QDir(m_library).removeRecursively();
     QVERIFY(QDir().mkpath(m_library));
     m_settings->libraryDir = m_library;
@@ -180,7 +179,7 @@ QStringList TestLibColourTableDlg::libraryFiles() const
 
 QStringList TestLibColourTableDlg::homeEntries() const
 {
-    return QDir(m_home->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+    return QDir(m_home->home()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 void TestLibColourTableDlg::writeTable(const QString &name, const QByteArray &content)

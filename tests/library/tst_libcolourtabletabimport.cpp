@@ -7,7 +7,7 @@
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -64,7 +64,7 @@ private:
     static QStringList linesWithoutDate(const QString &path);
     QStringList libraryFiles() const;
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     QString m_sources;
@@ -73,11 +73,10 @@ private:
 
 void TestLibColourTableTabImport::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
     m_settings = new CAppSettings;
-    m_sources = m_home->path() + QStringLiteral("/Quillon");
+    m_sources = m_home->home() + QStringLiteral("/Quillon");
     QVERIFY(QDir().mkpath(m_sources));
 }
 
@@ -90,7 +89,7 @@ void TestLibColourTableTabImport::cleanupTestCase()
 
 void TestLibColourTableTabImport::init()
 {
-    m_library = m_home->path() + QStringLiteral("/Library");
+    m_library = m_home->home() + QStringLiteral("/Library");
     QDir(m_library).removeRecursively();
     QVERIFY(QDir().mkpath(m_library));
     m_settings->libraryDir = m_library;
@@ -383,7 +382,7 @@ void TestLibColourTableTabImport::unusableNameShowsTheWriteErrorAndWritesNothing
     QVERIFY(openPage());
     const QString file = writeConfig(QStringLiteral("reds.config"), "1/0/0/Red\n");
     const QStringList homeBefore =
-        QDir(m_home->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        QDir(m_home->home()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     ModalSequence answers({Step{QString(), DialogActions::chooseFile(file)},
                            Step{"OK", DialogActions::typeText(name)}, Step{"OK", {}}});
     QTest::mouseClick(m_page->quillonButton(), Qt::LeftButton);
@@ -391,7 +390,7 @@ void TestLibColourTableTabImport::unusableNameShowsTheWriteErrorAndWritesNothing
     QCOMPARE(answers.text(2), QStringLiteral("Error, writing to file: %1.")
                                   .arg(libraryTablePath(m_library, name)));
     QCOMPARE(libraryFiles(), QStringList());
-    QCOMPARE(QDir(m_home->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), homeBefore);
+    QCOMPARE(QDir(m_home->home()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), homeBefore);
     QVERIFY(!m_page->isChanged());
 }
 

@@ -13,7 +13,7 @@
 #include "support/imagewriter.h"
 #include "support/modalsequence.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -61,7 +61,7 @@ private:
     static QStringList comboNames(CMainWindow &window);
     QString lib(const QString &file) const { return m_library + QLatin1Char('/') + file; }
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     QString m_library;
 };
 
@@ -71,9 +71,8 @@ const QByteArray kBase("# Base\n1.0000, 0.0000, 0.0000, Red\n0.0000, 0.0000, 1.0
 
 void TestLibraryCommands::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
 }
 
 void TestLibraryCommands::cleanupTestCase()
@@ -84,7 +83,7 @@ void TestLibraryCommands::cleanupTestCase()
 void TestLibraryCommands::init()
 {
     TempHome::clearSettings();
-    m_library = m_home->path() + QStringLiteral("/Library");
+    m_library = m_home->home() + QStringLiteral("/Library");
     QDir(m_library).removeRecursively();
     QVERIFY(FixtureFile::write(lib(QStringLiteral("Base.clrtable")), kBase));
 }
@@ -105,7 +104,7 @@ void TestLibraryCommands::pickOrange(CMainWindow &window)
 {
     QImage image(10, 10, QImage::Format_RGB32);
     image.fill(qRgb(255, 128, 0));
-    const QString path = m_home->path() + QStringLiteral("/orange.png");
+    const QString path = m_home->home() + QStringLiteral("/orange.png");
     QVERIFY(ImageWriter::write(image, path));
     QVERIFY(openThroughDialog(window, path));
     leftClick(window.samplingPage()->imageWidget(), QPoint(4, 4));

@@ -4,7 +4,7 @@
 
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -45,7 +45,7 @@ private:
     QString lib(const QString &file) const { return m_library + QLatin1Char('/') + file; }
     static QByteArray cmykSwatchFile();
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     QString m_sources;
@@ -54,11 +54,10 @@ private:
 
 void TestPaletteImportRow::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
-    AppContext::initResources();
     m_settings = new CAppSettings;
-    m_sources = m_home->path() + QStringLiteral("/Palettes");
+    m_sources = m_home->home() + QStringLiteral("/Palettes");
     QVERIFY(QDir().mkpath(m_sources));
 }
 
@@ -71,7 +70,7 @@ void TestPaletteImportRow::cleanupTestCase()
 
 void TestPaletteImportRow::init()
 {
-    m_library = m_home->path() + QStringLiteral("/Library");
+    m_library = m_home->home() + QStringLiteral("/Library");
     QDir(m_library).removeRecursively();
     QVERIFY(QDir().mkpath(m_library));
     m_settings->libraryDir = m_library;

@@ -22,7 +22,7 @@
 #include "support/samplefixture.h"
 #include "support/imagewriter.h"
 #include "support/storedsettings.h"
-#include "support/temphome.h"
+#include "support/guitestfixture.h"
 
 #include <QColorSpace>
 #include <QComboBox>
@@ -125,7 +125,7 @@ private:
                                          const QPoint &at);
     void match(CMainWindow &window);
 
-    TempHome *m_home = nullptr;
+    GuiTestFixture *m_home = nullptr;
     QTemporaryDir *m_files = nullptr;
     std::unique_ptr<CMainWindow> m_window;
     QImage m_image;
@@ -135,7 +135,7 @@ private:
 
 void TestPickInsight::initTestCase()
 {
-    m_home = new TempHome;
+    m_home = new GuiTestFixture;
     QVERIFY(m_home->isValid());
     m_files = new QTemporaryDir;
     QVERIFY(m_files->isValid());
