@@ -4,6 +4,7 @@
 #include "library/libcolourtabletabimport.h"
 #include "tables/colourlibrary.h"
 
+#include "support/quillonexamplelines.h"
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
@@ -147,17 +148,7 @@ void TestLibColourTableTabImport::pageHasTheQuillonButton()
 
 void TestLibColourTableTabImport::exampleLinesBehaveAsShown_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("entry");
-    QTest::newRow("escaped slash and trailing equals")
-        << QByteArray("0.5/0.25/1/Lilac \\/ blue=") << "0.5000, 0.2500, 1.0000, Lilac / blue";
-    QTest::newRow("trailing comment dropped")
-        << QByteArray("1/0/0/Red # primary") << "1.0000, 0.0000, 0.0000, Red";
-    QTest::newRow("two blanks become one")
-        << QByteArray("1/0/0/Deep  Red") << "1.0000, 0.0000, 0.0000, Deep Red";
-    QTest::newRow("empty name") << QByteArray("1/0/0/") << "1.0000, 0.0000, 0.0000, ";
-    QTest::newRow("out of range kept as it stands")
-        << QByteArray("255/0/0/Red") << "255.0000, 0.0000, 0.0000, Red";
+    QuillonExampleLines::addAcceptedRows();
 }
 
 void TestLibColourTableTabImport::exampleLinesBehaveAsShown()
@@ -174,9 +165,7 @@ void TestLibColourTableTabImport::exampleLinesBehaveAsShown()
 
 void TestLibColourTableTabImport::refusedExampleLinesNameTheLine_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::newRow("no third slash") << QByteArray("1/0/0");
-    QTest::newRow("decimal comma") << QByteArray("1,5/0/0/x");
+    QuillonExampleLines::addRefusedRows();
 }
 
 void TestLibColourTableTabImport::refusedExampleLinesNameTheLine()
