@@ -587,7 +587,7 @@ void CColourImageWindow::matchSample()
             QMessageBox::Ok);
         return;
     }
-    m_results->showMatches(libraryTable(), m_sample);
+    m_results->showMatches(m_library->matcher(), m_sample);
     commandButton(CmdAddToLibrary)->setEnabled(true);
 }
 
@@ -614,7 +614,7 @@ void CColourImageWindow::repeatMatchQuietly()
 {
     if (!m_matched || !m_samplePresent || libraryTable().count() == 0)
         return;
-    m_results->showMatches(libraryTable(), m_sample);
+    m_results->showMatches(m_library->matcher(), m_sample);
     commandButton(CmdAddToLibrary)->setEnabled(true);
 }
 

@@ -31,9 +31,23 @@ void CLibrarySelector::currentItemChanged(int index)
     emit tableSelected(index);
 }
 
+CLibColourTable &CLibrarySelector::table()
+{
+    m_matcher.reset();
+    return m_table;
+}
+
+const CColourMatcher &CLibrarySelector::matcher() const
+{
+    if (!m_matcher)
+        m_matcher = std::make_unique<CColourMatcher>(m_table);
+    return *m_matcher;
+}
+
 bool CLibrarySelector::loadTable(int index)
 {
     const QString path = itemData(index).toString();
+    m_matcher.reset();
     const bool loaded = CTableMessages::loadWithMessages(this, m_table, itemText(index), path);
     if (loaded && m_settings && path != m_settings->selectedTable)
         m_settings->selectedTable = path;

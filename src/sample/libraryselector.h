@@ -1,8 +1,11 @@
 #pragma once
 
+#include "tables/colourmatcher.h"
 #include "tables/libcolourtable.h"
 
 #include <QComboBox>
+
+#include <memory>
 
 class CAppSettings;
 
@@ -21,7 +24,11 @@ public:
     // The table last loaded (empty when loading failed).
     const CLibColourTable &table() const { return m_table; }
     // The same table for adding an entry to it (it keeps its file path).
-    CLibColourTable &table() { return m_table; }
+    // Whoever asks for it may change it, so the matcher is built anew.
+    CLibColourTable &table();
+    // The loaded table prepared for matching, built once per load (or
+    // change) rather than for every sample.
+    const CColourMatcher &matcher() const;
     // The remembered table's base name, "selected" when none is remembered:
     // how the messages name the library.
     QString selectedTableBaseName() const;
@@ -44,5 +51,6 @@ private:
 
     CAppSettings *m_settings = nullptr;
     CLibColourTable m_table;
+    mutable std::unique_ptr<CColourMatcher> m_matcher;
     bool m_filling = false;
 };

@@ -52,10 +52,10 @@ CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *pare
     connect(this, &QWidget::customContextMenuRequested, this, &CMatchResultsView::showRowMenu);
 }
 
-void CMatchResultsView::showMatches(const CColourTable &table, const RgbColour &sample)
+void CMatchResultsView::showMatches(const CColourMatcher &matcher, const RgbColour &sample)
 {
     const int maxRecords = m_settings ? m_settings->maxRecordsDisplay : kDefaultRows;
-    const QVector<CMatchResult> results = CColourMatcher(table).bestRows(sample, maxRecords);
+    const QVector<CMatchResult> results = matcher.bestRows(sample, maxRecords);
     const int rows = CColourMatcher::rowsToShow(results, maxRecords);
     setUpdatesEnabled(false);
     setRowCount(0);

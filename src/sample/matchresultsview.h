@@ -8,7 +8,6 @@
 
 class CAppSettings;
 class CColourContextMenu;
-class CColourTable;
 class QLabel;
 
 // The match results of the sampling page: one row per close library entry
@@ -25,9 +24,9 @@ public:
     // next one.
     explicit CMatchResultsView(const CAppSettings *settings, QWidget *parent = nullptr);
 
-    // Scores every entry of `table` against `sample` and shows the rows the
-    // row rule keeps, replacing what was shown.
-    void showMatches(const CColourTable &table, const RgbColour &sample);
+    // Scores the entries of the matcher's table against `sample` and shows
+    // the rows the row rule keeps, replacing what was shown.
+    void showMatches(const CColourMatcher &matcher, const RgbColour &sample);
     // Removes every row and its contents.
     void clearResults();
 

@@ -37,6 +37,7 @@ private slots:
     void samplePanelShowsThePageSample();
     void librarySelectorListsATableWrittenBeforeReload();
     void libraryChangeClearsTheResultsAndRereadsTheFolder();
+    void librarySelectorMatchesTheTableAsItNowStands();
     void quietMatchWithoutAnEarlierMatchSaysNothing();
     void userMatchWithoutASampleSaysSo();
 
@@ -171,6 +172,31 @@ void TestSamplingPageParts::libraryChangeClearsTheResultsAndRereadsTheFolder()
     m_page->libraryChanged();
     QCOMPARE(m_page->resultsTable()->rowCount(), 0);
     QVERIFY(m_page->libraryCombo()->findText(QStringLiteral("Added")) >= 0);
+}
+
+// The selector keeps its table grouped for matching between samples; a
+// change to the table, or another table loaded, must be seen by the next match.
+void TestSamplingPageParts::librarySelectorMatchesTheTableAsItNowStands()
+{
+    CLibrarySelector *selector = m_page->librarySelector();
+    QVERIFY(!writeLibraryTable(QStringLiteral("Zeta.clrtable"), {0.5, 0.5, 0.5}).isEmpty());
+    QVERIFY(!writeLibraryTable(QStringLiteral("Omega.clrtable"), {0.9, 0.1, 0.1}).isEmpty());
+    selector->reload();
+    QVERIFY(selector->loadTable(selector->findText(QStringLiteral("Zeta"))));
+    const RgbColour added{0.2, 0.4, 0.6};
+    QCOMPARE(selector->matcher().bestRows(added, 4).size(), 1);
+
+    selector->table().add(new CColourTableEntry(QStringLiteral("Added"), added.red, added.green,
+                                                added.blue));
+    const QVector<CMatchResult> afterAdding = selector->matcher().bestRows(added, 4);
+    QCOMPARE(afterAdding.size(), 2);
+    QCOMPARE(afterAdding.first().name, QStringLiteral("Added"));
+    QCOMPARE(afterAdding.first().deltaE, 0.0f);
+
+    QVERIFY(selector->loadTable(selector->findText(QStringLiteral("Omega"))));
+    const QVector<CMatchResult> other = selector->matcher().bestRows(added, 4);
+    QCOMPARE(other.size(), 1);
+    QCOMPARE(other.first().red, 0.9);
 }
 
 void TestSamplingPageParts::quietMatchWithoutAnEarlierMatchSaysNothing()
