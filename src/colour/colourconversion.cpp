@@ -1,8 +1,6 @@
 #include "colour/colourconversion.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 
 namespace {
 
@@ -16,57 +14,6 @@ double labFInverse(double f)
 {
     const double cube = f * f * f;
     return cube > 0.008856 ? cube : f / 7.787;
-}
-
-// cbrt(m) for m = (1 + k / 256) 2^s: the argument's mantissa is split into
-// its top 8 bits (k) and a small rest, and the rest's factor (1 + r)^(1/3)
-// comes from a short series, |r| < 1/256.
-class CubeRootTable
-{
-public:
-    static constexpr int kIndexBits = 8;
-    static constexpr int kSize = 1 << kIndexBits;
-
-    CubeRootTable()
-    {
-        for (int k = 0; k < kSize; ++k) {
-            const long double m = 1.0L + static_cast<long double>(k) / kSize;
-            m_inverse[k] = static_cast<double>(1.0L / m);
-            for (int s = 0; s < 3; ++s)
-                m_root[s][k] = static_cast<double>(std::cbrt(m * (1 << s)));
-        }
-    }
-
-    double root(int s, int k) const { return m_root[s][k]; }
-    double inverse(int k) const { return m_inverse[k]; }
-
-private:
-    double m_root[3][kSize];
-    double m_inverse[kSize];
-};
-
-const CubeRootTable &cubeRootTable()
-{
-    static const CubeRootTable table;
-    return table;
-}
-
-// (1 + r)^(1/3) - 1 by its binomial series to r^6; the first term left out
-// is below 3e-19 for |r| < 1/256.
-double cubeRootSeries(double r)
-{
-    const double c1 = 1.0 / 3.0;
-    const double c2 = -1.0 / 9.0;
-    const double c3 = 5.0 / 81.0;
-    const double c4 = -10.0 / 243.0;
-    const double c5 = 22.0 / 729.0;
-    const double c6 = -154.0 / 6561.0;
-    return r * (c1 + r * (c2 + r * (c3 + r * (c4 + r * (c5 + r * c6)))));
-}
-
-double labFFast(double t)
-{
-    return t > 0.008856 ? cubeRoot(t) : 7.787 * t + 16.0 / 116.0;
 }
 
 double compandClampAndRound(double v)
@@ -161,35 +108,5 @@ RgbColour labToRgb(const LabColour &lab)
 
 double cubeRoot(double t)
 {
-    std::uint64_t bits;
-    std::memcpy(&bits, &t, sizeof bits);
-    const int biased = static_cast<int>(bits >> 52); // the sign bit makes it >= 2048
-    if (biased == 0 || biased >= 0x7ff)
-        return std::cbrt(t);
-    const int e = biased - 1023;
-    const int q = (e >= 0 ? e : e - 2) / 3; // floor(e / 3)
-    const int s = e - 3 * q;
-    const int k = static_cast<int>((bits >> (52 - CubeRootTable::kIndexBits))
-                                   & (CubeRootTable::kSize - 1));
-    const std::uint64_t mantissaBits = (bits & 0x000fffffffffffffull) | 0x3ff0000000000000ull;
-    double m;
-    std::memcpy(&m, &mantissaBits, sizeof m);
-    const CubeRootTable &table = cubeRootTable();
-    const double mk = 1.0 + static_cast<double>(k) / CubeRootTable::kSize;
-    const double root = table.root(s, k);
-    const double scaled = root + root * cubeRootSeries((m - mk) * table.inverse(k));
-    const std::uint64_t scaleBits = static_cast<std::uint64_t>(q + 1023) << 52;
-    double scale;
-    std::memcpy(&scale, &scaleBits, sizeof scale);
-    return scaled * scale;
-}
-
-LabColour xyzToLabFast(double X, double Y, double Z)
-{
-    // Multiplying by the reciprocal of the white point moves t by at most a
-    // unit in the last place, and its cube root by a third of that.
-    const double fx = labFFast(X * (1.0 / kWhiteX));
-    const double fy = labFFast(Y * (1.0 / kWhiteY));
-    const double fz = labFFast(Z * (1.0 / kWhiteZ));
-    return {116.0 * fy - 16.0, 500.0 * (fx - fy), 200.0 * (fy - fz)};
+    return CubeRootTable::cubeRoot(t);
 }

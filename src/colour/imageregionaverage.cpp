@@ -1,6 +1,7 @@
 #include "colour/imageregionaverage.h"
 
 #include "colour/colourconversion.h"
+#include "colour/rowhalves.h"
 
 #include <QVector>
 
@@ -8,11 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
-#include <system_error>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -69,7 +66,7 @@ private:
 // the same sum of squares without a floating point operation per pixel.
 RgbColour rootMeanSquare(const QImage &image, const QRect &region)
 {
-    std::array<std::array<uint64_t, 256>, 3> counts{};
+    ChannelCounts counts{};
     RowReader reader(image, region);
     for (int y = region.top(); y <= region.bottom(); ++y) {
         const QRgb *row = reader.row(y);
@@ -79,15 +76,7 @@ RgbColour rootMeanSquare(const QImage &image, const QRect &region)
             ++counts[2][qBlue(row[i])];
         }
     }
-    double sums[3] = {0.0, 0.0, 0.0};
-    for (int c = 0; c < 3; ++c) {
-        for (int v = 0; v < 256; ++v) {
-            const double fraction = v / 255.0;
-            sums[c] += static_cast<double>(counts[c][v]) * (fraction * fraction);
-        }
-    }
-    const double n = static_cast<double>(region.width()) * region.height();
-    return {std::sqrt(sums[0] / n), std::sqrt(sums[1] / n), std::sqrt(sums[2] / n)};
+    return rootMeanSquareOfCounts(counts, qint64(region.width()) * region.height());
 }
 
 void addLab(LabColour &sum, const LabColour &lab)
@@ -178,19 +167,6 @@ public:
                 addLab(sum, direct(row[i]));
         }
     }
-    // The same, storing each pixel's Lab instead.
-    LabColour *convertRow(const QRgb *row, int width, LabColour *out)
-    {
-        if (useForNextRow()) {
-            for (int i = 0; i < width; ++i)
-                *out++ = lab(row[i]);
-            rowDone(width);
-        } else {
-            for (int i = 0; i < width; ++i)
-                *out++ = direct(row[i]);
-        }
-        return out;
-    }
 
 private:
     static constexpr int kBits = 16;
@@ -208,12 +184,12 @@ private:
     bool m_worthIt = true;
 };
 
-// Converts and sums rows first..last of the region, in order.
+// Converts and sums rows first..last of the region.
 void sumRows(const QImage &image, const QRect &region, int first, int last, LabCache &cache,
              LabColour &sum)
 {
-    // Locals, not the caller's memory: in the pipeline below another thread
-    // reads data that may share a cache line with the caller's variables.
+    // A local, not the caller's memory: the other half's sum, written by
+    // another thread, may share a cache line with it.
     const int width = region.width();
     LabColour local = sum;
     RowReader reader(image, region);
@@ -221,114 +197,6 @@ void sumRows(const QImage &image, const QRect &region, int first, int last, LabC
         cache.addRow(reader.row(y), width, local);
     sum = local;
 }
-
-// Large regions are split into blocks of rows. A helper thread converts
-// every second block into one of two buffers while the calling thread
-// converts the others; the calling thread alone adds everything up, pixel by
-// pixel in image order, so that the sum is the very one a single loop over
-// the pixel list gives.
-class LabBlockPipeline
-{
-public:
-    LabBlockPipeline(const QImage &image, const QRect &region)
-        : m_image(image), m_region(region),
-          m_rowsPerBlock(std::max(1, kPixelsPerBlock / region.width())),
-          m_blocks((region.height() + m_rowsPerBlock - 1) / m_rowsPerBlock)
-    {
-        for (std::vector<LabColour> &slot : m_slots)
-            slot.resize(size_t(m_rowsPerBlock) * size_t(region.width()));
-    }
-
-    // False, leaving total alone, when no thread could be started.
-    bool sum(LabColour *total)
-    {
-        std::thread helper;
-        try {
-            helper = std::thread(&LabBlockPipeline::convertOddBlocks, this);
-        } catch (const std::system_error &) {
-            return false;
-        }
-        auto cache = std::make_unique<LabCache>();
-        for (int block = 0; block < m_blocks; ++block) {
-            if (block % 2 == 0)
-                sumRows(m_image, m_region, firstRow(block), lastRow(block), *cache, *total);
-            else
-                sumConverted(block / 2, pixelsIn(block), *total);
-        }
-        helper.join();
-        return true;
-    }
-
-    static bool worthIt(const QRect &region)
-    {
-        return qint64(region.width()) * region.height() >= kMinimumPixels
-               && std::thread::hardware_concurrency() >= 2;
-    }
-
-private:
-    static constexpr int kPixelsPerBlock = 1 << 16;
-    static constexpr qint64 kMinimumPixels = qint64(1) << 19;
-
-    int firstRow(int block) const { return m_region.top() + block * m_rowsPerBlock; }
-    int lastRow(int block) const
-    {
-        return std::min(firstRow(block) + m_rowsPerBlock - 1, m_region.bottom());
-    }
-    size_t pixelsIn(int block) const
-    {
-        return size_t(lastRow(block) - firstRow(block) + 1) * size_t(m_region.width());
-    }
-
-    void convertOddBlocks()
-    {
-        auto cache = std::make_unique<LabCache>();
-        RowReader reader(m_image, m_region);
-        const int width = m_region.width();
-        for (int k = 0, block = 1; block < m_blocks; ++k, block += 2) {
-            waitUntil([&] { return k - m_consumed < 2; });
-            LabColour *out = m_slots[k % 2].data();
-            for (int y = firstRow(block), last = lastRow(block); y <= last; ++y)
-                out = cache->convertRow(reader.row(y), width, out);
-            announce([&] { m_produced = k + 1; });
-        }
-    }
-
-    void sumConverted(int k, size_t pixels, LabColour &total)
-    {
-        waitUntil([&] { return m_produced > k; });
-        const LabColour *in = m_slots[k % 2].data();
-        LabColour local = total;
-        for (size_t i = 0; i < pixels; ++i)
-            addLab(local, in[i]);
-        total = local;
-        announce([&] { m_consumed = k + 1; });
-    }
-
-    template <typename Condition> void waitUntil(Condition condition)
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        m_changed.wait(lock, condition);
-    }
-
-    template <typename Change> void announce(Change change)
-    {
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            change();
-        }
-        m_changed.notify_all();
-    }
-
-    const QImage &m_image;
-    const QRect m_region;
-    const int m_rowsPerBlock;
-    const int m_blocks;
-    std::array<std::vector<LabColour>, 2> m_slots;
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    int m_produced = 0; // odd blocks converted by the helper
-    int m_consumed = 0; // odd blocks added up by the caller
-};
 
 const qint64 kCacheWorthIt = 4096;
 
@@ -343,10 +211,16 @@ LabColour labMean(const QImage &image, const QRect &region)
             for (int i = 0; i < region.width(); ++i)
                 addLab(sum, pixelLab(qRed(row[i]), qGreen(row[i]), qBlue(row[i])));
         }
-    } else if (!LabBlockPipeline::worthIt(region) || !LabBlockPipeline(image, region).sum(&sum)) {
-        // The cache is large; keep it off the stack.
-        auto cache = std::make_unique<LabCache>();
-        sumRows(image, region, region.top(), region.bottom(), *cache, sum);
+    } else {
+        // Each half of a large region has its own cache (large: kept off
+        // the stack) and its own sum; the two sums are added at the end.
+        LabColour halves[2];
+        RowHalves::run(region, [&](int first, int last, int half) {
+            auto cache = std::make_unique<LabCache>();
+            sumRows(image, region, first, last, *cache, halves[half]);
+        });
+        addLab(sum, halves[0]);
+        addLab(sum, halves[1]);
     }
     const double n = static_cast<double>(region.width()) * region.height();
     return {sum.L / n, sum.a / n, sum.b / n};
@@ -385,4 +259,17 @@ bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, R
         return false;
     *result = useRgb ? rootMeanSquare(image, inside) : labToRgb(labMean(image, inside));
     return true;
+}
+
+RgbColour rootMeanSquareOfCounts(const ChannelCounts &counts, qint64 pixels)
+{
+    double sums[3] = {0.0, 0.0, 0.0};
+    for (int c = 0; c < 3; ++c) {
+        for (int v = 0; v < 256; ++v) {
+            const double fraction = v / 255.0;
+            sums[c] += static_cast<double>(counts[size_t(c)][size_t(v)]) * (fraction * fraction);
+        }
+    }
+    const double n = static_cast<double>(pixels);
+    return {std::sqrt(sums[0] / n), std::sqrt(sums[1] / n), std::sqrt(sums[2] / n)};
 }

@@ -5,6 +5,9 @@
 
 #include <QImage>
 #include <QRect>
+#include <QtGlobal>
+
+#include <array>
 
 // Averages the pixels of `region` (already clipped, see pickgeometry.h) of a
 // source image by the same rules as averageColours, reading 8-bit R, G, B
@@ -15,3 +18,9 @@ bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, R
 // The mean L*a*b* the Lab rule converts back: within 1e-9 of the mean of
 // rgbToLab over the pixel list. False, leaving `mean` alone, for no pixels.
 bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean);
+
+// Pixels counted per 8-bit value of red, green and blue.
+using ChannelCounts = std::array<std::array<quint64, 256>, 3>;
+// The RGB rule's average of `pixels` pixels from their counts: exactly the
+// colour averageImageRegion gives for the same pixels.
+RgbColour rootMeanSquareOfCounts(const ChannelCounts &counts, qint64 pixels);

@@ -105,8 +105,8 @@ void TestImageRegionAverage::regionMatchesAverageOfPixelList()
 void TestImageRegionAverage::largeRegionMatchesAverageOfPixelList_data()
 {
     QTest::addColumn<QRect>("region");
-    // Large regions are averaged in blocks of rows, partly on a second
-    // thread; the last block is shorter than the others here.
+    // Large regions are averaged in two halves, one on a second thread; the
+    // halves differ by a row here.
     QTest::newRow("whole large image") << QRect(0, 0, 1100, 700);
     QTest::newRow("odd-sized part") << QRect(13, 7, 1031, 661);
     QTest::newRow("narrow and tall") << QRect(500, 0, 1, 700);
