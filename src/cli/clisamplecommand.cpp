@@ -64,13 +64,14 @@ CCliStatus CCliSampleCommand::run(const QStringList &words)
     if (!status.failed() && request.toSrgb)
         CColourProfile::convertToSrgb(&image);
     RgbColour colour;
+    PickSpread spread;
     if (!status.failed())
-        status = averagePick(request, image, &colour);
+        status = averagePick(request, image, &colour, request.stats ? &spread : nullptr);
     if (status.failed())
         return status;
     CCliOutput::line(sampleLine(colour));
     if (request.stats)
-        printSpread(request, image, colour);
+        printSpread(spread);
     if (request.tablePath.isNull())
         return CCliStatus::ok();
     return CCliTableCommands::printMatch(table, colour, request.count, false);
@@ -163,20 +164,21 @@ QRect CCliSampleCommand::pickRect(const Request &request, const QImage &image)
                            : clickPickRect(request.point, kZoom, request.pickSize, image.size());
 }
 
-void CCliSampleCommand::printSpread(const Request &request, const QImage &image,
-                                    const RgbColour &colour)
+void CCliSampleCommand::printSpread(const PickSpread &spread)
 {
-    PickSpread spread;
-    pickSpread(image, pickRect(request, image), colour, &spread);
     CCliOutput::line(QStringLiteral("pixels %1").arg(spread.pixels));
     CCliOutput::line(QStringLiteral("spread-mean ") + CCliOutput::fixed(spread.mean, 4));
     CCliOutput::line(QStringLiteral("spread-p95 ") + CCliOutput::fixed(spread.p95, 4));
 }
 
+// With `spread`, the pick's spread too, read in the same pass where it can be.
 CCliStatus CCliSampleCommand::averagePick(const Request &request, const QImage &image,
-                                          RgbColour *colour)
+                                          RgbColour *colour, PickSpread *spread)
 {
-    if (!averageImageRegion(image, pickRect(request, image), request.useRgb, colour)) {
+    const QRect region = pickRect(request, image);
+    const bool picked = spread ? averageWithSpread(image, region, request.useRgb, colour, spread)
+                               : averageImageRegion(image, region, request.useRgb, colour);
+    if (!picked) {
         return CCliStatus::emptySelection(
             QStringLiteral("the selection holds no pixels of the %1 x %2 image")
                 .arg(image.width())

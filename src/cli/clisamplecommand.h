@@ -2,6 +2,7 @@
 
 #include "cli/cliarguments.h"
 #include "cli/clistatus.h"
+#include "colour/pickspread.h"
 #include "colour/rgbcolour.h"
 
 #include <QImage>
@@ -43,6 +44,7 @@ public:
 private:
     static CCliStatus readImage(const QString &path, QImage *image);
     static QRect pickRect(const Request &request, const QImage &image);
-    static void printSpread(const Request &request, const QImage &image, const RgbColour &colour);
-    static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour);
+    static void printSpread(const PickSpread &spread);
+    static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour,
+                                  PickSpread *spread);
 };

@@ -50,12 +50,26 @@ int fractionToByte(double v)
 
 XyzColour rgbToXyz(double red, double green, double blue)
 {
-    const double r = srgbLinearise(red) * 100.0;
-    const double g = srgbLinearise(green) * 100.0;
-    const double b = srgbLinearise(blue) * 100.0;
-    return {0.4124 * r + 0.3576 * g + 0.1805 * b,
-            0.2126 * r + 0.7152 * g + 0.0722 * b,
-            0.0193 * r + 0.1192 * g + 0.9505 * b};
+    return linearRgbToXyz(srgbLinearise(red) * 100.0, srgbLinearise(green) * 100.0,
+                          srgbLinearise(blue) * 100.0);
+}
+
+const std::array<double, 256> &linearisedBytes()
+{
+    static const std::array<double, 256> table = [] {
+        std::array<double, 256> t{};
+        for (int v = 0; v < 256; ++v)
+            t[size_t(v)] = srgbLinearise(v / 255.0) * 100.0;
+        return t;
+    }();
+    return table;
+}
+
+XyzColour byteRgbToXyz(int red, int green, int blue)
+{
+    const std::array<double, 256> &linear = linearisedBytes();
+    return linearRgbToXyz(linear[size_t(red & 0xff)], linear[size_t(green & 0xff)],
+                          linear[size_t(blue & 0xff)]);
 }
 
 LabColour xyzToLab(double X, double Y, double Z)

@@ -5,6 +5,8 @@
 #include "colour/rgbcolour.h"
 #include "colour/xyzcolour.h"
 
+#include <array>
+
 // sRGB <-> XYZ <-> L*a*b* (D65, 2 degree observer), in double precision.
 // Nothing clamps its input; only xyzToRgb clamps and rounds its output.
 // The Lab -> XYZ linear branch divides f itself by 7.787 without removing
@@ -26,6 +28,17 @@ double srgbLinearise(double c);
 double srgbCompand(double v);
 
 XyzColour rgbToXyz(double red, double green, double blue);
+// The sRGB matrix: XYZ of linearised components already scaled to 0..100.
+inline XyzColour linearRgbToXyz(double r, double g, double b)
+{
+    return {0.4124 * r + 0.3576 * g + 0.1805 * b, 0.2126 * r + 0.7152 * g + 0.0722 * b,
+            0.0193 * r + 0.1192 * g + 0.9505 * b};
+}
+// srgbLinearise(v / 255.0) * 100.0 for each byte value v, and rgbToXyz of
+// an 8-bit colour with its components looked up there: the very values
+// rgbToXyz(red / 255.0, green / 255.0, blue / 255.0) gives.
+const std::array<double, 256> &linearisedBytes();
+XyzColour byteRgbToXyz(int red, int green, int blue);
 LabColour xyzToLab(double X, double Y, double Z);
 LabColour rgbToLab(double red, double green, double blue);
 LabColour rgbToLab(const RgbColour &colour);

@@ -86,28 +86,13 @@ void addLab(LabColour &sum, const LabColour &lab)
     sum.b += lab.b;
 }
 
-// Each 8-bit component value linearised once, scaled to XYZ's 0..100.
-const std::array<double, 256> &linearTable()
-{
-    static const std::array<double, 256> table = [] {
-        std::array<double, 256> t{};
-        for (int v = 0; v < 256; ++v)
-            t[size_t(v)] = srgbLinearise(v / 255.0) * 100.0;
-        return t;
-    }();
-    return table;
-}
-
 // The same arithmetic as rgbToLab, with the linearisation looked up.
 LabColour pixelLab(int red, int green, int blue)
 {
-    const std::array<double, 256> &linear = linearTable();
-    const double r = linear[size_t(red)];
-    const double g = linear[size_t(green)];
-    const double b = linear[size_t(blue)];
-    return xyzToLabFast(0.4124 * r + 0.3576 * g + 0.1805 * b,
-                        0.2126 * r + 0.7152 * g + 0.0722 * b,
-                        0.0193 * r + 0.1192 * g + 0.9505 * b);
+    const std::array<double, 256> &linear = linearisedBytes();
+    const XyzColour xyz =
+        linearRgbToXyz(linear[size_t(red)], linear[size_t(green)], linear[size_t(blue)]);
+    return xyzToLabFast(xyz.X, xyz.Y, xyz.Z);
 }
 
 // L*a*b* of 8-bit pixels, remembering recent colours: neighbouring pixels of

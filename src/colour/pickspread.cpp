@@ -1,38 +1,130 @@
 #include "colour/pickspread.h"
 
 #include "colour/colourconversion.h"
+#include "colour/colourcounts.h"
 #include "colour/deltae2000.h"
+#include "colour/imageregionaverage.h"
+#include "colour/rowhalves.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <memory>
-#include <system_error>
-#include <thread>
 #include <vector>
 
 namespace {
 
-constexpr double kBinsPerUnit = 10000.0;
 constexpr double kLargestDifference = 200.0;
-// Below this many pixels a second thread costs more than it saves.
-constexpr qint64 kThreadedPixels = 1 << 20;
 
-// Differences of recent colours from the reference: photographs repeat
-// colours from pixel to pixel, and the conversion plus CIEDE2000 is what
-// costs. Direct mapped on the packed 24-bit colour; each slot counts its
-// pixels and adds them to the sum and the histogram only when it is reused
+// The differences found so far: their sum, and each distinct difference
+// with the number of pixels that have it. The percentile is read from a
+// histogram of whole units first, then one of 0.0001 wide bins within the
+// unit that holds it: small, whatever the spread, so that no pick pays for
+// clearing megabytes of bins.
+class SpreadTally
+{
+public:
+    void add(float difference, uint32_t count)
+    {
+        m_sum += double(difference) * double(count);
+        m_records.push_back({binOf(difference), count});
+    }
+
+    void add(const SpreadTally &other)
+    {
+        m_sum += other.m_sum;
+        m_records.insert(m_records.end(), other.m_records.begin(), other.m_records.end());
+    }
+
+    double sum() const { return m_sum; }
+
+    // The smallest bin at which at least 95 % of the pixels are counted.
+    double percentile95(qint64 pixels) const
+    {
+        const quint64 rank = quint64(std::ceil(0.95 * double(pixels)));
+        std::array<quint64, kUnits> units{};
+        for (const Record &r : m_records)
+            units[r.bin / kBinsPerUnit] += r.count;
+        quint64 seen = 0;
+        uint32_t unit = 0;
+        while (unit + 1 < kUnits && seen + units[unit] < rank)
+            seen += units[unit++];
+        std::vector<quint64> bins(kBinsPerUnit, 0);
+        for (const Record &r : m_records) {
+            if (r.bin / kBinsPerUnit == unit)
+                bins[r.bin % kBinsPerUnit] += r.count;
+        }
+        for (uint32_t i = 0; i < kBinsPerUnit; ++i) {
+            seen += bins[i];
+            if (seen >= rank)
+                return double(unit * kBinsPerUnit + i) / kBinsPerUnit;
+        }
+        return kLargestDifference;
+    }
+
+private:
+    static constexpr uint32_t kBinsPerUnit = 10000;
+    static constexpr uint32_t kUnits = uint32_t(kLargestDifference) + 1;
+    struct Record
+    {
+        uint32_t bin;
+        uint32_t count;
+    };
+
+    static uint32_t binOf(float difference)
+    {
+        const double clamped = difference > float(kLargestDifference) || std::isnan(difference)
+                                   ? kLargestDifference
+                                   : double(difference);
+        return uint32_t(clamped * kBinsPerUnit);
+    }
+
+    double m_sum = 0.0;
+    std::vector<Record> m_records;
+};
+
+// The single-precision CIEDE2000 of a packed 8-bit colour from the average,
+// with the colour converted exactly as rgbToLab converts it.
+class SpreadReference
+{
+public:
+    explicit SpreadReference(const RgbColour &average)
+    {
+        const LabColour lab = rgbToLab(average);
+        m_L = float(lab.L);
+        m_a = float(lab.a);
+        m_b = float(lab.b);
+    }
+
+    float difference(uint32_t colour) const
+    {
+        const XyzColour xyz = byteRgbToXyz(int(colour >> 16), int((colour >> 8) & 0xff),
+                                           int(colour & 0xff));
+        const LabColour lab = xyzToLab(xyz.X, xyz.Y, xyz.Z);
+        return deltaE2000(m_L, m_a, m_b, float(lab.L), float(lab.a), float(lab.b));
+    }
+
+private:
+    float m_L = 0.0f;
+    float m_a = 0.0f;
+    float m_b = 0.0f;
+};
+
+// Differences of recent colours, for picks too small to count every colour:
+// photographs repeat colours from pixel to pixel, and the conversion plus
+// CIEDE2000 is what costs. Direct mapped on the packed 24-bit colour; each
+// slot counts its pixels and adds them to the tally only when it is reused
 // for another colour or at the end, so the pixel loop itself does no
 // floating point and touches no histogram.
 class SpreadCache
 {
 public:
-    explicit SpreadCache(const LabColour &reference)
-        : m_L(float(reference.L)), m_a(float(reference.a)), m_b(float(reference.b)),
-          m_slots(new Slot[kSlots])
+    explicit SpreadCache(const SpreadReference &reference)
+        : m_reference(reference), m_slots(new Slot[kSlots])
     {
         for (int i = 0; i < kSlots; ++i)
-            m_slots[i] = Slot{kEmpty, 0, 0.0f, 0};
+            m_slots[i] = Slot{kEmpty, 0.0f, 0};
     }
 
     void add(QRgb pixel)
@@ -44,15 +136,13 @@ public:
         ++slot.count;
     }
 
-    // Empties every slot into the sum and the histogram.
-    void flush()
+    // Empties every slot into the tally.
+    const SpreadTally &flush()
     {
         for (int i = 0; i < kSlots; ++i)
             settle(m_slots[i]);
+        return m_tally;
     }
-
-    double sum() const { return m_sum; }
-    const std::vector<quint64> &histogram() const { return m_histogram; }
 
 private:
     static constexpr int kBits = 16;
@@ -61,7 +151,6 @@ private:
     struct Slot
     {
         uint32_t key;
-        uint32_t bin;
         float difference;
         uint32_t count;
     };
@@ -70,8 +159,7 @@ private:
     {
         if (slot.count == 0)
             return;
-        m_sum += double(slot.difference) * double(slot.count);
-        m_histogram[slot.bin] += slot.count;
+        m_tally.add(slot.difference, slot.count);
         slot.count = 0;
     }
 
@@ -80,56 +168,73 @@ private:
         settle(slot);
         if (slot.key == key)
             return;
-        const LabColour lab =
-            rgbToLab(qRed(key) / 255.0, qGreen(key) / 255.0, qBlue(key) / 255.0);
-        const float d = deltaE2000(m_L, m_a, m_b, float(lab.L), float(lab.a), float(lab.b));
-        const double clamped = d > float(kLargestDifference) || std::isnan(d)
-                                   ? kLargestDifference
-                                   : double(d);
         slot.key = key;
-        slot.difference = d;
-        slot.bin = uint32_t(clamped * kBinsPerUnit);
-        if (slot.bin >= m_histogram.size())
-            m_histogram.resize(slot.bin + 1, 0);
+        slot.difference = m_reference.difference(key);
     }
 
-    float m_L;
-    float m_a;
-    float m_b;
+    const SpreadReference &m_reference;
     std::unique_ptr<Slot[]> m_slots;
-    double m_sum = 0.0;
-    std::vector<quint64> m_histogram;
+    SpreadTally m_tally;
 };
 
-// Rows first..last of a 32-bit image.
-void addRows(const QImage &image, const QRect &region, int first, int last, SpreadCache *cache)
+// Every pixel through the cache, the two halves of a large region on two
+// threads.
+SpreadTally tallyPixels(const QImage &image, const QRect &region, const SpreadReference &reference)
 {
-    for (int y = first; y <= last; ++y) {
-        const QRgb *row = reinterpret_cast<const QRgb *>(image.constScanLine(y)) + region.left();
-        for (int i = 0; i < region.width(); ++i)
-            cache->add(row[i]);
-    }
-    cache->flush();
+    SpreadTally halves[2];
+    RowHalves::run(region, [&](int first, int last, int half) {
+        SpreadCache cache(reference);
+        for (int y = first; y <= last; ++y) {
+            const QRgb *row =
+                reinterpret_cast<const QRgb *>(image.constScanLine(y)) + region.left();
+            for (int i = 0; i < region.width(); ++i)
+                cache.add(row[i]);
+        }
+        halves[half] = cache.flush();
+    });
+    halves[0].add(halves[1]);
+    return halves[0];
 }
 
-// The smallest bin at which at least 95 % of the pixels are counted.
-double percentile95(const std::vector<quint64> &a, const std::vector<quint64> &b, qint64 pixels)
+// Every colour once, weighed by its count; the groups of colours are shared
+// between two threads.
+SpreadTally tallyColours(const ColourCounts &counts, const SpreadReference &reference)
 {
-    const quint64 rank = quint64(std::ceil(0.95 * double(pixels)));
-    quint64 seen = 0;
-    const size_t bins = std::max(a.size(), b.size());
-    for (size_t i = 0; i < bins; ++i) {
-        seen += (i < a.size() ? a[i] : 0) + (i < b.size() ? b[i] : 0);
-        if (seen >= rank)
-            return double(i) / kBinsPerUnit;
-    }
-    return kLargestDifference;
+    const std::vector<uint32_t> &pairs = counts.usedRedGreen();
+    SpreadTally halves[2];
+    RowHalves::run(0, int(pairs.size()) - 1, true, [&](int first, int last, int half) {
+        SpreadTally tally;
+        for (int i = first; i <= last; ++i) {
+            const uint32_t base = pairs[size_t(i)] << 8;
+            for (uint32_t colour = base; colour < base + 256; ++colour) {
+                const uint32_t n = counts.at(colour);
+                if (n == 0)
+                    continue;
+                tally.add(reference.difference(colour), n);
+            }
+        }
+        halves[half] = std::move(tally);
+    });
+    halves[0].add(halves[1]);
+    return halves[0];
+}
+
+void fill(PickSpread *result, qint64 pixels, const SpreadTally &tally)
+{
+    result->pixels = pixels;
+    result->mean = tally.sum() / double(pixels);
+    result->p95 = tally.percentile95(pixels);
 }
 
 bool isDirect(QImage::Format format)
 {
     return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
            || format == QImage::Format_ARGB32_Premultiplied;
+}
+
+bool worthCounting(const QRect &region)
+{
+    return qint64(region.width()) * region.height() >= ColourCounts::kWorthCounting;
 }
 
 } // namespace
@@ -145,26 +250,33 @@ bool pickSpread(const QImage &image, const QRect &requested, const RgbColour &av
         const QImage copy = image.copy(region).convertToFormat(QImage::Format_ARGB32);
         return pickSpread(copy, copy.rect(), average, result);
     }
-    const LabColour reference = rgbToLab(average);
+    const SpreadReference reference(average);
     const qint64 pixels = qint64(region.width()) * region.height();
-    SpreadCache top(reference);
-    SpreadCache bottom(reference);
-    int middle = region.bottom() + 1;
-    std::thread worker;
-    if (pixels >= kThreadedPixels && region.height() > 1) {
-        middle = region.top() + region.height() / 2;
-        try {
-            worker = std::thread(addRows, std::cref(image), region, middle, region.bottom(),
-                                 &bottom);
-        } catch (const std::system_error &) {
-            middle = region.bottom() + 1; // no thread to be had: one pass does it all
-        }
-    }
-    addRows(image, region, region.top(), middle - 1, &top);
-    if (worker.joinable())
-        worker.join();
-    result->pixels = pixels;
-    result->mean = (top.sum() + bottom.sum()) / double(pixels);
-    result->p95 = percentile95(top.histogram(), bottom.histogram(), pixels);
+    ColourCounts counts;
+    if (worthCounting(region) && counts.count(image, region))
+        fill(result, pixels, tallyColours(counts, reference));
+    else
+        fill(result, pixels, tallyPixels(image, region, reference));
     return true;
+}
+
+bool averageWithSpread(const QImage &image, const QRect &requested, bool useRgb,
+                       RgbColour *average, PickSpread *spread)
+{
+    if (average == nullptr || spread == nullptr)
+        return false;
+    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
+    ColourCounts counts;
+    if (useRgb && !region.isEmpty() && worthCounting(region) && counts.count(image, region)) {
+        // One pass over the picture for both: the channel counts are the
+        // very ones the RGB rule adds up.
+        *average = rootMeanSquareOfCounts(counts.channelCounts(), counts.pixels());
+        fill(spread, counts.pixels(), tallyColours(counts, SpreadReference(*average)));
+        return true;
+    }
+    RgbColour colour;
+    if (!averageImageRegion(image, requested, useRgb, &colour))
+        return false;
+    *average = colour;
+    return pickSpread(image, requested, colour, spread);
 }

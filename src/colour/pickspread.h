@@ -29,3 +29,10 @@ struct PickSpread
 // when that holds no pixels (or result is null).
 bool pickSpread(const QImage &image, const QRect &region, const RgbColour &average,
                 PickSpread *result);
+
+// The average of region by the chosen rule, exactly as averageImageRegion
+// gives it, and its spread as pickSpread gives it: what a pick shows. A
+// large region under the RGB rule is read once for both. Returns false,
+// leaving both alone, when the region holds no pixels.
+bool averageWithSpread(const QImage &image, const QRect &region, bool useRgb,
+                       RgbColour *average, PickSpread *spread);

@@ -5,20 +5,24 @@
 
 void RowHalves::run(const QRect &region, const Work &work)
 {
-    const bool large = qint64(region.width()) * region.height() >= kThreadedPixels
-                       && region.height() > 1 && std::thread::hardware_concurrency() >= 2;
-    if (!large) {
-        work(region.top(), region.bottom(), 0);
+    run(region.top(), region.bottom(),
+        qint64(region.width()) * region.height() >= kThreadedPixels, work);
+}
+
+void RowHalves::run(int first, int last, bool large, const Work &work)
+{
+    if (!large || last <= first || std::thread::hardware_concurrency() < 2) {
+        work(first, last, 0);
         return;
     }
-    const int middle = region.top() + region.height() / 2;
+    const int middle = first + (last - first + 1) / 2;
     std::thread helper;
     try {
-        helper = std::thread(work, middle, region.bottom(), 1);
+        helper = std::thread(work, middle, last, 1);
     } catch (const std::system_error &) {
-        work(region.top(), region.bottom(), 0);
+        work(first, last, 0);
         return;
     }
-    work(region.top(), middle - 1, 0);
+    work(first, middle - 1, 0);
     helper.join();
 }

@@ -20,4 +20,7 @@ public:
     static constexpr qint64 kThreadedPixels = qint64(1) << 19;
 
     static void run(const QRect &region, const Work &work);
+    // The same for items first..last of any list, on two threads when
+    // `large` says the work is worth it.
+    static void run(int first, int last, bool large, const Work &work);
 };

@@ -4,7 +4,6 @@
 #include "app/appsettings.h"
 #include "app/tablemessages.h"
 #include "colour/colourprofile.h"
-#include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
 #include "library/dlglibcolourtableadd.h"
 #include "library/libcolourtabledlg.h"
@@ -444,11 +443,10 @@ void CColourImageWindow::colourPickSizeChanged(int index)
 void CColourImageWindow::pickImageRegion(const QRect &imageRect)
 {
     RgbColour average;
-    if (!averageImageRegion(m_view->sourceImage(), imageRect, rgbAverage(), &average))
-        return;
     PickSpread spread;
-    if (pickSpread(m_view->sourceImage(), imageRect, average, &spread))
-        m_notes->showSpread(spread);
+    if (!averageWithSpread(m_view->sourceImage(), imageRect, rgbAverage(), &average, &spread))
+        return;
+    m_notes->showSpread(spread);
     if (m_selectionMode == CmdSelectSingle)
         setSample(average, false);
     else

@@ -1,5 +1,6 @@
 #include "colour/colourconversion.h"
 #include "colour/deltae2000.h"
+#include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
 
 #include "support/pixellist.h"
@@ -84,6 +85,11 @@ private slots:
     void meanAndPercentileMatchSortingEveryDifference_data();
     void meanAndPercentileMatchSortingEveryDifference();
     void largeRegionSplitInTwoMatchesSorting();
+    void largeRegionsMatchSorting_data();
+    void largeRegionsMatchSorting();
+    void averageWithSpreadIsAverageThenSpread_data();
+    void averageWithSpreadIsAverageThenSpread();
+    void averageWithSpreadOfNoPixelsLeavesBoth();
     void percentileIsTheNearestRankOfNinetyFivePercent();
     void twoColourBandIsMixed();
     void mixedOnlyAboveFive();
@@ -129,6 +135,101 @@ void TestPickSpread::largeRegionSplitInTwoMatchesSorting()
         for (int x = 0; x < image.width(); ++x)
             image.setPixel(x, y, qRgb((x * 7) & 255, (y * 3) & 255, ((x + y) * 5) & 255));
     verifyAgainstSorting(image, image.rect(), {0.5, 0.5, 0.5});
+}
+
+static QImage largePattern()
+{
+    static const QImage image = [] {
+        QImage pattern(1200, 1000, QImage::Format_RGB32);
+        for (int y = 0; y < pattern.height(); ++y)
+            for (int x = 0; x < pattern.width(); ++x)
+                pattern.setPixel(x, y, qRgb((x * 7) & 255, (y * 3) & 255, ((x + y) * 5) & 255));
+        return pattern;
+    }();
+    return image;
+}
+
+// From a million pixels up each colour is counted once and its difference
+// weighed by its count; just below, the pixels go through a cache on two
+// threads. Both must give what sorting every pixel's difference gives.
+void TestPickSpread::largeRegionsMatchSorting_data()
+{
+    QTest::addColumn<QRect>("region");
+    QTest::newRow("counted, whole picture") << QRect(0, 0, 1200, 1000);
+    QTest::newRow("counted, partly outside") << QRect(100, -50, 1200, 1100);
+    QTest::newRow("cached, just under a million") << QRect(3, 1, 1024, 1023);
+}
+
+void TestPickSpread::largeRegionsMatchSorting()
+{
+    QFETCH(QRect, region);
+    verifyAgainstSorting(largePattern(), region & largePattern().rect(), {0.3, 0.6, 0.2});
+    PickSpread outside;
+    PickSpread inside;
+    QVERIFY(pickSpread(largePattern(), region, {0.3, 0.6, 0.2}, &outside));
+    QVERIFY(pickSpread(largePattern(), region & largePattern().rect(), {0.3, 0.6, 0.2}, &inside));
+    QCOMPARE(outside.pixels, inside.pixels);
+    QCOMPARE(outside.mean, inside.mean);
+    QCOMPARE(outside.p95, inside.p95);
+}
+
+// What a pick shows: the rule's average exactly as averageImageRegion gives
+// it, and the spread pickSpread gives around it, whichever way it is read.
+void TestPickSpread::averageWithSpreadIsAverageThenSpread_data()
+{
+    QTest::addColumn<bool>("useRgb");
+    QTest::addColumn<QRect>("region");
+    QTest::addColumn<QImage::Format>("format");
+    for (const bool rgb : {true, false}) {
+        const char *rule = rgb ? "RGB rule" : "Lab rule";
+        QTest::addRow("%s, 9x9 click", rule) << rgb << QRect(40, 30, 9, 9) << QImage::Format_RGB32;
+        QTest::addRow("%s, whole picture", rule)
+            << rgb << QRect(0, 0, 1200, 1000) << QImage::Format_RGB32;
+        QTest::addRow("%s, partly outside", rule)
+            << rgb << QRect(-20, 10, 1200, 1000) << QImage::Format_ARGB32;
+        QTest::addRow("%s, 24-bit picture", rule)
+            << rgb << QRect(0, 0, 1200, 1000) << QImage::Format_RGB888;
+    }
+}
+
+void TestPickSpread::averageWithSpreadIsAverageThenSpread()
+{
+    QFETCH(bool, useRgb);
+    QFETCH(QRect, region);
+    QFETCH(QImage::Format, format);
+    const QImage image = largePattern().convertToFormat(format);
+    RgbColour average;
+    PickSpread spread;
+    QVERIFY(averageWithSpread(image, region, useRgb, &average, &spread));
+    RgbColour expectedAverage;
+    QVERIFY(averageImageRegion(image, region, useRgb, &expectedAverage));
+    QCOMPARE(average.red, expectedAverage.red);
+    QCOMPARE(average.green, expectedAverage.green);
+    QCOMPARE(average.blue, expectedAverage.blue);
+    PickSpread expected;
+    QVERIFY(pickSpread(image, region, expectedAverage, &expected));
+    QCOMPARE(spread.pixels, expected.pixels);
+    QVERIFY2(std::fabs(spread.mean - expected.mean) < 1e-12 * std::max(1.0, expected.mean),
+             qPrintable(QStringLiteral("%1 vs %2").arg(spread.mean).arg(expected.mean)));
+    QCOMPARE(spread.p95, expected.p95);
+}
+
+void TestPickSpread::averageWithSpreadOfNoPixelsLeavesBoth()
+{
+    const QImage image = largePattern();
+    RgbColour average{0.25, 0.5, 0.75};
+    PickSpread spread;
+    spread.pixels = 42;
+    for (const bool rgb : {true, false}) {
+        QVERIFY(!averageWithSpread(image, QRect(5, 5, 0, 2000), rgb, &average, &spread));
+        QVERIFY(!averageWithSpread(image, QRect(1199, 999, -1100, -900), rgb, &average, &spread));
+        QVERIFY(!averageWithSpread(image, QRect(1300, 0, 2000, 2000), rgb, &average, &spread));
+        QVERIFY(!averageWithSpread(image, image.rect(), rgb, nullptr, &spread));
+        QVERIFY(!averageWithSpread(image, image.rect(), rgb, &average, nullptr));
+    }
+    QCOMPARE(average.red, 0.25);
+    QCOMPARE(average.blue, 0.75);
+    QCOMPARE(spread.pixels, qint64(42));
 }
 
 // 20 pixels: rank ceil(19.0) = 19. One odd pixel stays outside the 95 %,
