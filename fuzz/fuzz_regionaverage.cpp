@@ -2,8 +2,12 @@
 // The input chooses the image's size, format and pixels (and palette), the
 // rectangle's corners (anywhere, any size, either way round) and the rule.
 // An average must be a colour of fractions from 0 to 1, and a region that
-// holds no pixel must leave the result alone.
+// holds no pixel must leave the result alone. The same rectangle goes to the
+// spread of the pick (the same average, a count of its pixels, finite
+// figures) and to the colour counter (every pixel counted once).
+#include "colour/colourcounts.h"
 #include "colour/imageregionaverage.h"
+#include "colour/pickspread.h"
 
 #include <QImage>
 
@@ -69,6 +73,35 @@ bool isFraction(double v)
     return std::isfinite(v) && v >= 0.0 && v <= 1.0;
 }
 
+void checkSpread(const QImage &image, const QRect &region, bool useRgb, const RgbColour &average)
+{
+    RgbColour again;
+    PickSpread spread;
+    if (!averageWithSpread(image, region, useRgb, &again, &spread))
+        std::abort();
+    if (again.red != average.red || again.green != average.green || again.blue != average.blue)
+        std::abort();
+    const QRect inside = region & image.rect();
+    if (spread.pixels != qint64(inside.width()) * inside.height())
+        std::abort();
+    if (!std::isfinite(spread.mean) || spread.mean < 0.0 || spread.p95 < 0.0 || spread.p95 > 200.0)
+        std::abort();
+}
+
+// Only 32-bit pictures are counted; every pixel inside lands in one counter.
+void checkCounts(const QImage &image, const QRect &region)
+{
+    ColourCounts counts;
+    if (!counts.count(image, region))
+        return;
+    quint64 total = 0;
+    for (const uint32_t pair : counts.usedRedGreen())
+        for (uint32_t blue = 0; blue < 256; ++blue)
+            total += counts.at((pair << 8) | blue);
+    if (total != quint64(counts.pixels()))
+        std::abort();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
@@ -88,5 +121,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     }
     if (!isFraction(result.red) || !isFraction(result.green) || !isFraction(result.blue))
         std::abort();
+    checkSpread(image, region, useRgb, result);
+    checkCounts(image, region);
     return 0;
 }

@@ -78,7 +78,9 @@ void ColourCounts::release()
 bool ColourCounts::count(const QImage &image, const QRect &requested)
 {
     release();
-    const QRect region = requested & image.rect();
+    // A rectangle given the wrong way round holds no pixels, as for the
+    // averages; intersecting would turn it the right way round.
+    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
     if (!isDirect(image.format()) || region.isEmpty())
         return false;
     m_counts = spareCounters().take();

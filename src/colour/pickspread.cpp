@@ -242,7 +242,8 @@ bool worthCounting(const QRect &region)
 bool pickSpread(const QImage &image, const QRect &requested, const RgbColour &average,
                 PickSpread *result)
 {
-    const QRect region = requested & image.rect();
+    // A rectangle the wrong way round holds no pixels, as for the averages.
+    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
     if (region.isEmpty() || result == nullptr)
         return false;
     // Other formats are read through a 32-bit copy of the region alone.

@@ -113,6 +113,7 @@ void TestColourCounts::otherFormatsAndEmptyRegionsAreRefused_data()
     QTest::newRow("Indexed8") << QImage::Format_Indexed8 << QRect(0, 0, 8, 8);
     QTest::newRow("empty region") << QImage::Format_RGB32 << QRect(2, 2, 0, 3);
     QTest::newRow("region outside") << QImage::Format_RGB32 << QRect(20, 20, 3, 3);
+    QTest::newRow("wrong way round") << QImage::Format_RGB32 << QRect(QPoint(6, 6), QPoint(1, 1));
 }
 
 void TestColourCounts::otherFormatsAndEmptyRegionsAreRefused()

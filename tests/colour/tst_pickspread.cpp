@@ -275,6 +275,7 @@ void TestPickSpread::emptyRegionReturnsFalseAndLeavesResult()
     spread.pixels = 42;
     QVERIFY(!pickSpread(image, QRect(3, 3, 0, 5), {0.5, 0.5, 0.5}, &spread));
     QVERIFY(!pickSpread(image, QRect(20, 20, 4, 4), {0.5, 0.5, 0.5}, &spread));
+    QVERIFY(!pickSpread(image, QRect(QPoint(6, 6), QPoint(1, 1)), {0.5, 0.5, 0.5}, &spread));
     QVERIFY(!pickSpread(image, QRect(0, 0, 4, 4), {0.5, 0.5, 0.5}, nullptr));
     QCOMPARE(spread.pixels, qint64(42));
 }
