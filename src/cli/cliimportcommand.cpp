@@ -41,8 +41,9 @@ CCliStatus CCliImportCommand::writeTable(const CColourTable &table, const QStrin
 {
     if (path.isEmpty())
         return CCliStatus::usage(QStringLiteral("--out needs a file name"));
+    // A missing option, as for convert: the file itself is fine.
     if (!force && QFileInfo::exists(path)) {
-        return CCliStatus::badInput(
+        return CCliStatus::usage(
             QStringLiteral("%1 already exists; give --force to overwrite it").arg(path));
     }
     if (!table.write(path)) {
