@@ -120,17 +120,19 @@ private:
 class SpreadCache
 {
 public:
-    explicit SpreadCache(const SpreadReference &reference)
-        : m_reference(reference), m_slots(new Slot[kSlots])
+    // Sized to the pick: a click's few pixels should not pay for setting up
+    // 65,536 slots.
+    SpreadCache(const SpreadReference &reference, qint64 pixels)
+        : m_reference(reference), m_bits(bitsFor(pixels)), m_slots(new Slot[size_t(1) << m_bits])
     {
-        for (int i = 0; i < kSlots; ++i)
+        for (int i = 0; i < (1 << m_bits); ++i)
             m_slots[i] = Slot{kEmpty, 0.0f, 0};
     }
 
     void add(QRgb pixel)
     {
         const uint32_t key = pixel & 0xffffffu;
-        Slot &slot = m_slots[(key * 2654435761u) >> (32 - kBits)];
+        Slot &slot = m_slots[(key * 2654435761u) >> (32 - m_bits)];
         if (slot.key != key || slot.count == UINT32_MAX)
             refill(slot, key);
         ++slot.count;
@@ -139,14 +141,14 @@ public:
     // Empties every slot into the tally.
     const SpreadTally &flush()
     {
-        for (int i = 0; i < kSlots; ++i)
+        for (int i = 0; i < (1 << m_bits); ++i)
             settle(m_slots[i]);
         return m_tally;
     }
 
 private:
-    static constexpr int kBits = 16;
-    static constexpr int kSlots = 1 << kBits;
+    static constexpr int kFewestBits = 4;
+    static constexpr int kMostBits = 16;
     static constexpr uint32_t kEmpty = 0xffffffffu;
     struct Slot
     {
@@ -172,7 +174,17 @@ private:
         slot.difference = m_reference.difference(key);
     }
 
+    // Enough slots for every pixel, between 16 and 65,536.
+    static int bitsFor(qint64 pixels)
+    {
+        int bits = kFewestBits;
+        while (bits < kMostBits && (qint64(1) << bits) < pixels)
+            ++bits;
+        return bits;
+    }
+
     const SpreadReference &m_reference;
+    const int m_bits;
     std::unique_ptr<Slot[]> m_slots;
     SpreadTally m_tally;
 };
@@ -183,7 +195,7 @@ SpreadTally tallyPixels(const QImage &image, const QRect &region, const SpreadRe
 {
     SpreadTally halves[2];
     RowHalves::run(region, [&](int first, int last, int half) {
-        SpreadCache cache(reference);
+        SpreadCache cache(reference, qint64(last - first + 1) * region.width());
         for (int y = first; y <= last; ++y) {
             const QRgb *row =
                 reinterpret_cast<const QRgb *>(image.constScanLine(y)) + region.left();
