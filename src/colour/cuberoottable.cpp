@@ -1,7 +1,5 @@
 #include "colour/cuberoottable.h"
 
-const CubeRootTable::Points CubeRootTable::s_points;
-
 CubeRootTable::Points::Points()
 {
     for (int i = 0; i < kSize; ++i) {

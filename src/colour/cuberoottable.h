@@ -23,7 +23,7 @@ public:
         const std::uint64_t index = (bits >> kShift) - kFirstIndex;
         if (index >= std::uint64_t(kSize))
             return outsideTable(t);
-        return fromPoint(t, bits, s_points.at(int(index)));
+        return fromPoint(t, bits, points().at(int(index)));
     }
 
 private:
@@ -69,5 +69,11 @@ private:
     }
     static double outsideTable(double t);
 
-    static const Points s_points;
+    // Built on first use, so that a cube root taken while other files' static
+    // objects are being built still finds the table filled in.
+    static const Points &points()
+    {
+        static const Points table;
+        return table;
+    }
 };
