@@ -27,7 +27,10 @@ if [ ${#targets[@]} -eq 0 ]; then
 fi
 cmake --build "$build" --parallel "$(nproc)" --target "${targets[@]}"
 
-export ASAN_OPTIONS="detect_leaks=1:allocator_may_return_null=1"
+# The full unwinder for allocation stacks: Qt is built without frame
+# pointers, and a leak inside it must show the Qt function its suppression
+# names (scripts/lsan.supp), not stop at the first Qt frame.
+export ASAN_OPTIONS="detect_leaks=1:allocator_may_return_null=1:fast_unwind_on_malloc=0"
 export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 status=0

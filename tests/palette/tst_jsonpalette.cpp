@@ -23,6 +23,7 @@ private slots:
     void malformedEntry_data();
     void malformedEntry();
     void syntaxErrorNamesItsLine();
+    void repeatedKeysBeforeASyntaxErrorNameTheLine_data();
     void repeatedKeysBeforeASyntaxErrorNameTheLine();
     void fileThatIsNotAJsonColourListIsNamedSo_data();
     void fileThatIsNotAJsonColourListIsNamedSo();
@@ -118,7 +119,6 @@ void TestJsonPalette::syntaxErrorNamesItsLine()
     QCOMPARE(r.position(), 3);
 }
 
-// Found by fuzzing: repeated keys in one object, then a missing colon.
 namespace {
 
 // Qt 5.15's own JSON parser leaks a few bytes on a document with repeated
@@ -139,19 +139,37 @@ public:
 
 } // namespace
 
+// Both found by fuzzing: a key repeated in an object, then a syntax error
+// on a later line (a missing colon; a string never closed, which Qt finds at
+// the end of the file).
+void TestJsonPalette::repeatedKeysBeforeASyntaxErrorNameTheLine_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<int>("line");
+    QTest::newRow("repeated hex and rgb, missing colon")
+        << QByteArray("[\n {\"nBme\": \"Dodger Blue\", \"hex\": \"#1e90ff\", "
+                      "\"rgb\": [30, 144, 255], \"hex\": \"#1e90ff\", "
+                      "\"rgb\": [30, 144, 255], \"lab\": [11.38, 9.96, -63.39]},\n"
+                      " {\"name\"20, -30]}\n]\n")
+        << 3;
+    QTest::newRow("repeated lab, string never closed")
+        << QByteArray("[\n {\"name\": \"Dodger Blue\", \"hex\": \"#1e90ff\", \"rgb\": [30, 144, 255], "
+                      "\"lab\": [55], \"lab\": [59.38, 9.96, -63.39]},\n"
+                      " {\"name\": \"short\", \"hex\": \"#fa0\"},\n {\"l -30]}\n]\n")
+        << 6;
+}
+
 void TestJsonPalette::repeatedKeysBeforeASyntaxErrorNameTheLine()
 {
-    const QByteArray file = "[\n {\"nBme\": \"Dodger Blue\", \"hex\": \"#1e90ff\", "
-                            "\"rgb\": [30, 144, 255], \"hex\": \"#1e90ff\", "
-                            "\"rgb\": [30, 144, 255], \"lab\": [11.38, 9.96, -63.39]},\n"
-                            " {\"name\"20, -30]}\n]\n";
+    QFETCH(QByteArray, file);
+    QFETCH(int, line);
     const CPaletteReadResult r = [&file] {
         const QtParserLeakScope qtLeaks;
         return CJsonPalette::read(file);
     }();
     QCOMPARE(r.status(), CPaletteReadResult::BadPart);
     QCOMPARE(r.kind(), QStringLiteral("line"));
-    QCOMPARE(r.position(), 3);
+    QCOMPARE(r.position(), line);
     QVERIFY(r.palette().colours.isEmpty());
 }
 
