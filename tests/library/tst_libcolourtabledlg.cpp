@@ -9,7 +9,7 @@
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/guitestfixture.h"
+#include "support/librarytesthome.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -103,7 +103,7 @@ private:
     QStringList homeEntries() const;
     void writeTable(const QString &name, const QByteArray &content = QByteArray("0.1, 0.2, 0.3, X\n"));
 
-    GuiTestFixture *m_home = nullptr;
+    std::unique_ptr<LibraryTestHome> m_home;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     std::unique_ptr<CLibColourTableDlg> m_dialog;
@@ -115,24 +115,21 @@ const QByteArray kReds("# Reds\n1.0, 0.0, 0.0, Red\n0.5, 0.0, 0.0, maroon\n");
 
 void TestLibColourTableDlg::initTestCase()
 {
-    m_home = new GuiTestFixture;
+    m_home = std::make_unique<LibraryTestHome>();
     QVERIFY(m_home->isValid());
-    m_settings = new CAppSettings;
+    m_settings = m_home->settings();
 }
 
 void TestLibColourTableDlg::cleanupTestCase()
 {
     m_dialog.reset();
-    delete m_settings;
-    delete m_home;
+    m_home.reset();
 }
 
 void TestLibColourTableDlg::init()
 {
-    m_library = m_home->home() + QStringLiteral("/Library");
-    QDir(m_library).removeRecursively();
-    QVERIFY(QDir().mkpath(m_library));
-    m_settings->libraryDir = m_library;
+    m_library = m_home->emptyLibrary();
+    QVERIFY(!m_library.isEmpty());
 }
 
 void TestLibColourTableDlg::cleanup()

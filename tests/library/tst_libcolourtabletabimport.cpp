@@ -8,7 +8,7 @@
 #include "support/filesizelimit.h"
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/guitestfixture.h"
+#include "support/librarytesthome.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -65,7 +65,7 @@ private:
     static QStringList linesWithoutDate(const QString &path);
     QStringList libraryFiles() const;
 
-    GuiTestFixture *m_home = nullptr;
+    std::unique_ptr<LibraryTestHome> m_home;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     QString m_sources;
@@ -74,26 +74,23 @@ private:
 
 void TestLibColourTableTabImport::initTestCase()
 {
-    m_home = new GuiTestFixture;
+    m_home = std::make_unique<LibraryTestHome>();
     QVERIFY(m_home->isValid());
-    m_settings = new CAppSettings;
-    m_sources = m_home->home() + QStringLiteral("/Quillon");
-    QVERIFY(QDir().mkpath(m_sources));
+    m_settings = m_home->settings();
+    m_sources = m_home->makeFolder(QStringLiteral("Quillon"));
+    QVERIFY(!m_sources.isEmpty());
 }
 
 void TestLibColourTableTabImport::cleanupTestCase()
 {
     m_page.reset();
-    delete m_settings;
-    delete m_home;
+    m_home.reset();
 }
 
 void TestLibColourTableTabImport::init()
 {
-    m_library = m_home->home() + QStringLiteral("/Library");
-    QDir(m_library).removeRecursively();
-    QVERIFY(QDir().mkpath(m_library));
-    m_settings->libraryDir = m_library;
+    m_library = m_home->emptyLibrary();
+    QVERIFY(!m_library.isEmpty());
 }
 
 void TestLibColourTableTabImport::cleanup()

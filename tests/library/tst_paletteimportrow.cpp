@@ -4,7 +4,7 @@
 
 #include "support/fixturefile.h"
 #include "support/modalsequence.h"
-#include "support/guitestfixture.h"
+#include "support/librarytesthome.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -45,7 +45,7 @@ private:
     QString lib(const QString &file) const { return m_library + QLatin1Char('/') + file; }
     static QByteArray cmykSwatchFile();
 
-    GuiTestFixture *m_home = nullptr;
+    std::unique_ptr<LibraryTestHome> m_home;
     CAppSettings *m_settings = nullptr;
     QString m_library;
     QString m_sources;
@@ -54,26 +54,23 @@ private:
 
 void TestPaletteImportRow::initTestCase()
 {
-    m_home = new GuiTestFixture;
+    m_home = std::make_unique<LibraryTestHome>();
     QVERIFY(m_home->isValid());
-    m_settings = new CAppSettings;
-    m_sources = m_home->home() + QStringLiteral("/Palettes");
-    QVERIFY(QDir().mkpath(m_sources));
+    m_settings = m_home->settings();
+    m_sources = m_home->makeFolder(QStringLiteral("Palettes"));
+    QVERIFY(!m_sources.isEmpty());
 }
 
 void TestPaletteImportRow::cleanupTestCase()
 {
     m_page.reset();
-    delete m_settings;
-    delete m_home;
+    m_home.reset();
 }
 
 void TestPaletteImportRow::init()
 {
-    m_library = m_home->home() + QStringLiteral("/Library");
-    QDir(m_library).removeRecursively();
-    QVERIFY(QDir().mkpath(m_library));
-    m_settings->libraryDir = m_library;
+    m_library = m_home->emptyLibrary();
+    QVERIFY(!m_library.isEmpty());
     m_page = std::make_unique<CLibColourTableTabImport>(m_settings,
                                                         QStringLiteral("library.html#libMaintTabB"));
     m_page->show();
