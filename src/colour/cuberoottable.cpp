@@ -1,16 +1,5 @@
 #include "colour/cuberoottable.h"
 
-CubeRootTable::Points::Points()
-{
-    for (int i = 0; i < kSize; ++i) {
-        const int exponent = kLowestExponent + (i >> kMantissaBits);
-        const long double point = std::ldexp(
-            1.0L + static_cast<long double>(i & ((1 << kMantissaBits) - 1)) / (1 << kMantissaBits),
-            exponent);
-        m_points[i] = {static_cast<double>(std::cbrt(point)), static_cast<double>(1.0L / point)};
-    }
-}
-
 // A normal t = m 2^e is taken as (m 2^s) 2^(3q) with s in -3 .. -1, so that
 // m 2^s lies in the table and the root is its root times 2^q, both scalings
 // exact. Zero, subnormal, negative, infinite and NaN arguments go to the C

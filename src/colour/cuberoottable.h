@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -23,7 +24,7 @@ public:
         const std::uint64_t index = (bits >> kShift) - kFirstIndex;
         if (index >= std::uint64_t(kSize))
             return outsideTable(t);
-        return fromPoint(t, bits, points().at(int(index)));
+        return fromPoint(t, bits, kPoints[index]);
     }
 
 private:
@@ -39,15 +40,33 @@ private:
         double root;    // cube root of the point
         double inverse; // 1 / the point
     };
-    class Points
+    // The cube root of m > 0 by Newton's iteration from above, which falls
+    // monotonically onto the root: stopped once a step no longer lowers it.
+    static constexpr long double cubeRootOf(long double m)
     {
-    public:
-        Points();
-        const Point &at(int index) const { return m_points[index]; }
-
-    private:
-        Point m_points[kSize];
-    };
+        long double x = m < 1.0L ? 1.0L : m;
+        for (;;) {
+            const long double next = x - (x * x * x - m) / (3.0L * x * x);
+            if (!(next < x))
+                return x;
+            x = next;
+        }
+    }
+    // Worked out by the compiler: the table is in place before any code
+    // runs, whatever static object asks for a cube root first.
+    static constexpr std::array<Point, kSize> makePoints()
+    {
+        std::array<Point, kSize> points{};
+        for (int i = 0; i < kSize; ++i) {
+            long double point = 1.0L + static_cast<long double>(i & ((1 << kMantissaBits) - 1))
+                                           / (1 << kMantissaBits);
+            for (int e = kLowestExponent + (i >> kMantissaBits); e < 0; ++e)
+                point /= 2.0L;
+            points[size_t(i)] = {static_cast<double>(cubeRootOf(point)),
+                                 static_cast<double>(1.0L / point)};
+        }
+        return points;
+    }
 
     // t from the point below it, t = point (1 + r) with 0 <= r < 1/256:
     // root (1 + r)^(1/3) by the binomial series to r^6 (the first term left
@@ -69,11 +88,8 @@ private:
     }
     static double outsideTable(double t);
 
-    // Built on first use, so that a cube root taken while other files' static
-    // objects are being built still finds the table filled in.
-    static const Points &points()
-    {
-        static const Points table;
-        return table;
-    }
+    static const std::array<Point, kSize> kPoints;
 };
+
+inline constexpr std::array<CubeRootTable::Point, CubeRootTable::kSize> CubeRootTable::kPoints =
+    CubeRootTable::makePoints();
