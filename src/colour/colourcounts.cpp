@@ -10,12 +10,6 @@ namespace {
 constexpr uint32_t kColours = 1u << 24;
 constexpr uint32_t kRedGreenPairs = 1u << 16;
 
-bool isDirect(QImage::Format format)
-{
-    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
-           || format == QImage::Format_ARGB32_Premultiplied;
-}
-
 // At most one block of counters, all zero, waiting for the next count.
 class SpareCounters
 {
@@ -78,10 +72,8 @@ void ColourCounts::release()
 bool ColourCounts::count(const QImage &image, const QRect &requested)
 {
     release();
-    // A rectangle given the wrong way round holds no pixels, as for the
-    // averages; intersecting would turn it the right way round.
-    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
-    if (!isDirect(image.format()) || region.isEmpty())
+    const QRect region = pixelsInside(image, requested);
+    if (!hasPackedRgbPixels(image.format()) || region.isEmpty())
         return false;
     m_counts = spareCounters().take();
     if (m_counts == nullptr)

@@ -24,8 +24,7 @@ public:
         : m_image(image), m_region(region), m_buffer(region.width())
     {
         const QImage::Format f = image.format();
-        m_direct = f == QImage::Format_RGB32 || f == QImage::Format_ARGB32
-                   || f == QImage::Format_ARGB32_Premultiplied;
+        m_direct = hasPackedRgbPixels(f);
         m_indexed = f == QImage::Format_Indexed8;
         if (m_indexed) {
             const QVector<QRgb> table = image.colorTable();
@@ -213,25 +212,21 @@ LabColour labMean(const QImage &image, const QRect &region)
 
 } // namespace
 
-namespace {
-
-// The part of region inside the image; false when no pixel is left. A region
-// given with its corners the wrong way round holds no pixels: intersecting
-// first would turn it the right way round.
-bool clip(const QImage &image, const QRect &region, QRect *inside)
+QRect pixelsInside(const QImage &image, const QRect &region)
 {
-    if (region.isEmpty())
-        return false;
-    *inside = region.intersected(image.rect());
-    return !inside->isEmpty();
+    return region.isEmpty() ? QRect() : region.intersected(image.rect());
 }
 
-} // namespace
+bool hasPackedRgbPixels(QImage::Format format)
+{
+    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
+           || format == QImage::Format_ARGB32_Premultiplied;
+}
 
 bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean)
 {
-    QRect inside;
-    if (mean == nullptr || !clip(image, region, &inside))
+    const QRect inside = pixelsInside(image, region);
+    if (mean == nullptr || inside.isEmpty())
         return false;
     *mean = labMean(image, inside);
     return true;
@@ -239,8 +234,8 @@ bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mea
 
 bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, RgbColour *result)
 {
-    QRect inside;
-    if (result == nullptr || !clip(image, region, &inside))
+    const QRect inside = pixelsInside(image, region);
+    if (result == nullptr || inside.isEmpty())
         return false;
     *result = useRgb ? rootMeanSquare(image, inside) : labToRgb(labMean(image, inside));
     return true;

@@ -19,6 +19,14 @@ bool averageImageRegion(const QImage &image, const QRect &region, bool useRgb, R
 // rgbToLab over the pixel list. False, leaving `mean` alone, for no pixels.
 bool meanImageRegionLab(const QImage &image, const QRect &region, LabColour *mean);
 
+// The pixels of region inside the image; empty when none is left. A region
+// given with its corners the wrong way round holds no pixels (intersecting
+// alone would turn it the right way round). Every reader of picks uses it.
+QRect pixelsInside(const QImage &image, const QRect &region);
+// Whether the image's pixels are packed 32-bit QRgb values (RGB32, ARGB32,
+// premultiplied ARGB32) that can be read straight from its scan lines.
+bool hasPackedRgbPixels(QImage::Format format);
+
 // Pixels counted per 8-bit value of red, green and blue.
 using ChannelCounts = std::array<std::array<quint64, 256>, 3>;
 // The RGB rule's average of `pixels` pixels from their counts: exactly the

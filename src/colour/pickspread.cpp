@@ -238,12 +238,6 @@ void fill(PickSpread *result, qint64 pixels, const SpreadTally &tally)
     result->p95 = tally.percentile95(pixels);
 }
 
-bool isDirect(QImage::Format format)
-{
-    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
-           || format == QImage::Format_ARGB32_Premultiplied;
-}
-
 bool worthCounting(const QRect &region)
 {
     return qint64(region.width()) * region.height() >= ColourCounts::kWorthCounting;
@@ -254,12 +248,11 @@ bool worthCounting(const QRect &region)
 bool pickSpread(const QImage &image, const QRect &requested, const RgbColour &average,
                 PickSpread *result)
 {
-    // A rectangle the wrong way round holds no pixels, as for the averages.
-    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
+    const QRect region = pixelsInside(image, requested);
     if (region.isEmpty() || result == nullptr)
         return false;
     // Other formats are read through a 32-bit copy of the region alone.
-    if (!isDirect(image.format())) {
+    if (!hasPackedRgbPixels(image.format())) {
         const QImage copy = image.copy(region).convertToFormat(QImage::Format_ARGB32);
         return pickSpread(copy, copy.rect(), average, result);
     }
@@ -278,7 +271,7 @@ bool averageWithSpread(const QImage &image, const QRect &requested, bool useRgb,
 {
     if (average == nullptr || spread == nullptr)
         return false;
-    const QRect region = requested.isEmpty() ? QRect() : requested & image.rect();
+    const QRect region = pixelsInside(image, requested);
     ColourCounts counts;
     if (useRgb && !region.isEmpty() && worthCounting(region) && counts.count(image, region)) {
         // One pass over the picture for both: the channel counts are the
