@@ -7,7 +7,6 @@
 #include "sample/shownimage.h"
 
 #include <QRect>
-#include <QVector>
 
 class CAppSettings;
 class CColourImageWindowView;
@@ -33,11 +32,11 @@ class QToolButton;
 // The "Sample && Match" page: the tool panel (pick modes, sample, multiple
 // selection, library and results) on the left, the image view on the right.
 // It coordinates its parts: the view reports picks, the page averages them
-// into the sample panel or the multiple selection rows, and matches the
-// sample through the library selector's table into the results view; the
-// library commands and the clipboard keys are classes of their own. What the
-// main window must do (zoom buttons, status bar, adding to the data set) is
-// signalled.
+// into the sample panel or the multiple-selection rows, and has the match
+// runner match the sample through the library selector's table into the
+// results view. Building the panel, the library commands and the clipboard
+// keys are classes of their own. What the main window must do (zoom buttons,
+// status bar, adding to the data set) is signalled.
 class CColourImageWindow : public CMainTabbedWindow
 {
     Q_OBJECT
