@@ -166,7 +166,9 @@ int main(int argc, char *argv[])
     AppContext::setWidgetPrefix(QStringLiteral(":/resources/widgets/"));
 
     auto *window = new CMainWindow(AppContext::versionTitle());
-    window->resize(1180, 760);
+    // Wide enough for the sampling page's panel, which takes the width of
+    // its widest match rows from the start, and the whole picture beside it.
+    window->resize(1400, 800);
     window->show();
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     takeMainWindowPictures(*window, writePicture(documents));

@@ -2,12 +2,12 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandmapping.h"
+#include "app/maintoolbar.h"
+#include "app/recentimagesmenu.h"
 #include "config/configdlg.h"
 #include "config/updatecheck.h"
 #include "data/chartdatawindow.h"
 #include "help/helpwindow.h"
-#include "help/spacerwidget.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagedrop.h"
 #include "sample/imagesource.h"
@@ -16,9 +16,6 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileInfo>
-#include <QKeySequence>
-#include <QMenu>
 #include <QShortcut>
 #include <QSignalMapper>
 #include <QSplitter>
@@ -26,94 +23,6 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
-
-namespace {
-
-// One row per main command; the shortcut is kept as text, as the platform
-// names it.
-struct CommandRow
-{
-    int id;
-    const char *text;
-    QString shortcut;
-    const char *statusTip;
-    const char *icon;
-};
-
-const int kCommandCount = 9;
-const int kRecentEntries = 6;
-const int kRecentButtonWidth = 21;
-
-// Toolbar layout codes: a command id, or one of these.
-enum LayoutCode {
-    kLayoutEnd = -1,
-    kLayoutExtraWidget = -2,
-    kLayoutSeparator = -3,
-    kLayoutWideSpacer = -4,
-    kLayoutNarrowSpacer = -5,
-    kLayoutStretch = -6
-};
-const int kToolBarLayout[] = {CmdRecentImages, CmdOpenImage,    kLayoutSeparator, CmdConfigure,
-                              kLayoutWideSpacer, CmdZoomOut,     CmdZoomActual,    CmdZoomIn,
-                              kLayoutStretch,    kLayoutSeparator, CmdHelpContents, CmdExit,
-                              kLayoutEnd};
-
-QKeySequence zoomActualKey()
-{
-    return QKeySequence(Qt::CTRL + Qt::Key_0);
-}
-
-QString nativeText(const QKeySequence &key)
-{
-    return key.toString(QKeySequence::NativeText);
-}
-
-QVector<CommandRow> &commandTable()
-{
-    static QVector<CommandRow> table = {
-        {CmdRecentImages, QT_TRANSLATE_NOOP("CMainWindow", "Recent Images"), QString(),
-         QT_TRANSLATE_NOOP("CMainWindow", "Recent image files"), "toolbar/btn_toolbar_recent.png"},
-        {CmdOpenImage, QT_TRANSLATE_NOOP("CMainWindow", "Open &Image"), QStringLiteral("ALT+I"),
-         QT_TRANSLATE_NOOP("CMainWindow", "Open an image file"), "toolbar/btn_toolbar_open_img.png"},
-        {CmdConfigure, QT_TRANSLATE_NOOP("CMainWindow", "&Configure"), QStringLiteral("ALT+C"),
-         QT_TRANSLATE_NOOP("CMainWindow", "Display the configuration dialogue box"),
-         "toolbar/btn_toolbar_configure.png"},
-        {CmdExit, QT_TRANSLATE_NOOP("CMainWindow", "E&xit"), QStringLiteral("ALT+X"),
-         QT_TRANSLATE_NOOP("CMainWindow", "Exit the application"), "toolbar/btn_toolbar_exit.png"},
-        {CmdHelpContents, QT_TRANSLATE_NOOP("CMainWindow", "&Contents"), QString(),
-         QT_TRANSLATE_NOOP("CMainWindow", "Help Contents"), "toolbar/btn_toolbar_help.png"},
-        {CmdAbout, QT_TRANSLATE_NOOP("CMainWindow", "&About"), QString(),
-         QT_TRANSLATE_NOOP("CMainWindow", "About"), "toolbar/btn_toolbar_about.png"},
-        {CmdZoomOut, QT_TRANSLATE_NOOP("CMainWindow", "Zoom Out"),
-         nativeText(QKeySequence(QKeySequence::ZoomOut)),
-         QT_TRANSLATE_NOOP("CMainWindow", "Zoom Out: [%1]"), "toolbar/btn_toolbar_zoom_out.png"},
-        {CmdZoomIn, QT_TRANSLATE_NOOP("CMainWindow", "Zoom In"),
-         nativeText(QKeySequence(QKeySequence::ZoomIn)),
-         QT_TRANSLATE_NOOP("CMainWindow", "Zoom In: [%1]"), "toolbar/btn_toolbar_zoom_in.png"},
-        {CmdZoomActual, QT_TRANSLATE_NOOP("CMainWindow", "Zoom Actual Size"),
-         nativeText(zoomActualKey()), QT_TRANSLATE_NOOP("CMainWindow", "Zoom Actual Size: [%1]"),
-         "toolbar/btn_toolbar_zoom_actual.png"},
-    };
-    return table;
-}
-
-// The zoom commands take their shortcut from the key sequence itself, and
-// show its platform name in their status tip.
-bool isZoomCommand(int id)
-{
-    return id == CmdZoomOut || id == CmdZoomIn || id == CmdZoomActual;
-}
-
-QKeySequence zoomKey(int id)
-{
-    if (id == CmdZoomOut)
-        return QKeySequence(QKeySequence::ZoomOut);
-    if (id == CmdZoomIn)
-        return QKeySequence(QKeySequence::ZoomIn);
-    return zoomActualKey();
-}
-
-} // namespace
 
 CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     : QMainWindow(parent), m_versionTitle(versionTitle)
@@ -131,9 +40,8 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
 
     m_commandMapper = new QSignalMapper(this);
     connect(m_commandMapper, &QSignalMapper::mappedInt, this, &CMainWindow::processCommand);
-    commandTable()[CmdHelpContents].shortcut =
-        nativeText(QKeySequence(QKeySequence::HelpContents));
-    buildToolBar();
+    m_toolBar = new CMainToolBar(m_commandMapper, this);
+    addToolBar(m_toolBar);
     buildRecentMenu();
 
     const QRect rect = m_settings->restoreMainWindowRect(this);
@@ -177,90 +85,22 @@ void CMainWindow::rememberRecentFile(const QString &path)
     refreshRecentFiles();
 }
 
+QToolBar *CMainWindow::mainToolBar() const { return m_toolBar; }
+
+QMenu *CMainWindow::recentMenu() const { return m_recentMenu; }
+
 QAction *CMainWindow::commandAction(int id) const
 {
-    return m_commandActions.value(id, nullptr);
-}
-
-QAction *CMainWindow::createCommandAction(int id)
-{
-    const CommandRow &row = commandTable().at(id);
-    auto *action = new QAction(AppContext::widgetIcon(QLatin1String(row.icon)), tr(row.text), this);
-    if (isZoomCommand(id)) {
-        action->setShortcut(zoomKey(id));
-        action->setStatusTip(tr(row.statusTip).arg(nativeText(zoomKey(id))));
-    } else {
-        if (!row.shortcut.isEmpty())
-            action->setShortcut(QKeySequence::fromString(row.shortcut, QKeySequence::NativeText));
-        action->setStatusTip(tr(row.statusTip));
-    }
-    mapCommand(action, m_commandMapper, id);
-    return action;
-}
-
-void CMainWindow::buildToolBar(const QList<QWidget *> &extraWidgets)
-{
-    m_toolBar = addToolBar(tr("ToolBarMain"));
-    m_toolBar->setObjectName(QStringLiteral("ToolBarMain"));
-    m_toolBar->setIconSize(QSize(56, 42));
-    m_toolBar->setMovable(false);
-    m_toolBar->setFloatable(false);
-    m_toolBar->setStyleSheet(QStringLiteral("QWidget {border:none;}"));
-    m_commandActions = QList<QAction *>();
-    for (int i = 0; i < kCommandCount; ++i)
-        m_commandActions.append(nullptr);
-
-    int nextExtra = 0;
-    const int height = m_toolBar->sizeHint().height();
-    for (int code : kToolBarLayout) {
-        if (code == kLayoutEnd)
-            break;
-        if (code >= 0) {
-            QAction *action = createCommandAction(code);
-            m_commandActions[code] = action;
-            m_toolBar->addAction(action);
-            QWidget *button = m_toolBar->widgetForAction(action);
-            button->setStyleSheet(QStringLiteral("QWidget:hover {border:1px solid gray;}"));
-            if (code == CmdRecentImages)
-                addRecentButton(action);
-        } else if (code == kLayoutSeparator) {
-            m_toolBar->addSeparator();
-        } else if (code == kLayoutStretch) {
-            auto *stretch = new QWidget(m_toolBar);
-            stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-            m_toolBar->addWidget(stretch);
-        } else if (code == kLayoutWideSpacer) {
-            m_toolBar->addWidget(new CSpacerWidget(4 * height, height, m_toolBar));
-        } else if (code == kLayoutNarrowSpacer) {
-            m_toolBar->addWidget(new CSpacerWidget(height / 2, height, m_toolBar));
-        } else if (code == kLayoutExtraWidget && nextExtra < extraWidgets.size()) {
-            m_toolBar->addWidget(extraWidgets.at(nextExtra++));
-        }
-    }
-}
-
-void CMainWindow::addRecentButton(QAction *action)
-{
-    // A narrow button beside "Open Image"; the recent menu pops up at it.
-    m_recentButton = qobject_cast<QToolButton *>(m_toolBar->widgetForAction(action));
-    if (m_recentButton)
-        m_recentButton->setFixedWidth(kRecentButtonWidth);
+    return m_toolBar->commandAction(id);
 }
 
 void CMainWindow::buildRecentMenu()
 {
-    m_recentMenu = new QMenu(this);
-    for (int i = 0; i < kRecentEntries; ++i) {
-        auto *action = new QAction(this);
-        action->setVisible(false);
-        connect(action, &QAction::triggered, this, &CMainWindow::openRecentFile);
-        m_recentActions.append(action);
-        m_recentMenu->addAction(action);
-    }
-    m_recentMenu->addSeparator();
-    QAction *clear = m_recentMenu->addAction(tr("Clear &List"));
-    clear->setStatusTip(tr("Clear recently used files list"));
-    connect(clear, &QAction::triggered, this, &CMainWindow::clearRecentFilesList);
+    m_recentMenu = new CRecentImagesMenu(this);
+    for (QAction *entry : m_recentMenu->entries())
+        connect(entry, &QAction::triggered, this, &CMainWindow::openRecentFile);
+    connect(m_recentMenu->clearAction(), &QAction::triggered, this,
+            &CMainWindow::clearRecentFilesList);
     refreshRecentFiles();
 }
 
@@ -276,36 +116,13 @@ void CMainWindow::buildTabs()
     currentTabChanged(m_samplingIndex);
 }
 
-void CMainWindow::fillRecentMenu()
-{
-    const QStringList &files = m_settings->recentFiles;
-    for (int i = 0; i < m_recentActions.size(); ++i) {
-        QAction *action = m_recentActions.at(i);
-        if (i < files.size()) {
-            const QString &path = files.at(i);
-            action->setText(tr("&%1 %2").arg(i + 1).arg(QFileInfo(path).fileName()));
-            action->setStatusTip(path);
-            action->setData(path);
-            action->setVisible(true);
-        } else {
-            action->setVisible(false);
-        }
-    }
-}
-
 void CMainWindow::refreshRecentFiles()
 {
-    fillRecentMenu();
+    m_recentMenu->fill(m_settings->recentFiles);
     enableCommand(CmdRecentImages, !m_settings->recentFiles.isEmpty());
 }
 
-void CMainWindow::enableCommand(int id, bool enable)
-{
-    for (QAction *action : m_toolBar->actions()) {
-        if (action == commandAction(id))
-            action->setEnabled(enable);
-    }
-}
+void CMainWindow::enableCommand(int id, bool enable) { m_toolBar->enableCommand(id, enable); }
 
 void CMainWindow::enableZoomCommands(int zoomIndex)
 {
@@ -318,9 +135,9 @@ void CMainWindow::processCommand(int action)
 {
     switch (action) {
     case CmdRecentImages:
-        fillRecentMenu();
-        if (m_recentButton)
-            m_recentMenu->exec(m_toolBar->mapToGlobal(m_recentButton->pos()));
+        m_recentMenu->fill(m_settings->recentFiles);
+        if (QToolButton *button = m_toolBar->recentButton())
+            m_recentMenu->exec(m_toolBar->mapToGlobal(button->pos()));
         break;
     case CmdOpenImage:
         if (m_imageSource->open(CmdOpenImage))

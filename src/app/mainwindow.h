@@ -14,13 +14,14 @@ class CChartDataWindow;
 class CColourImageWindow;
 class CHelpWindow;
 class CImageSource;
+class CMainToolBar;
+class CRecentImagesMenu;
 class QAction;
 class QImage;
 class QMenu;
 class QSignalMapper;
 class QTabWidget;
 class QToolBar;
-class QToolButton;
 
 // The one top-level window: owns the settings, the image source, the main
 // toolbar, the recent images menu, the status bar and the two tab pages.
@@ -37,8 +38,8 @@ public:
     CChartDataWindow *dataPage() const { return m_dataPage; }
     CImageSource *imageSource() const { return m_imageSource; }
     QTabWidget *tabWidget() const { return m_tabWidget; }
-    QToolBar *mainToolBar() const { return m_toolBar; }
-    QMenu *recentMenu() const { return m_recentMenu; }
+    QToolBar *mainToolBar() const;
+    QMenu *recentMenu() const;
     // The toolbar action of a command (nullptr for commands not on the toolbar).
     QAction *commandAction(int id) const;
 
@@ -82,9 +83,6 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    void buildToolBar(const QList<QWidget *> &extraWidgets = QList<QWidget *>());
-    QAction *createCommandAction(int id);
-    void addRecentButton(QAction *action);
     void buildTabs();
     void connectPages();
     void rememberRecentFile(const QString &path);
@@ -92,14 +90,12 @@ private:
     bool execConfigurationDialog();
     void closeHelpWindow();
     void buildRecentMenu();
-    void fillRecentMenu();
     void showOpenedImage();
 
     QString m_versionTitle;
     std::unique_ptr<CAppSettings> m_settings;
     QSignalMapper *m_commandMapper = nullptr;
-    QMenu *m_recentMenu = nullptr;
-    QList<QAction *> m_recentActions;
+    CRecentImagesMenu *m_recentMenu = nullptr;
     QRect m_helpRect;
     QPointer<CHelpWindow> m_helpWindow;
     int m_helpSplitA = 0;
@@ -108,9 +104,7 @@ private:
     QWidget *m_currentPage = nullptr;
     CColourImageWindow *m_samplingPage = nullptr;
     CChartDataWindow *m_dataPage = nullptr;
-    QToolBar *m_toolBar = nullptr;
-    QToolButton *m_recentButton = nullptr;
-    QList<QAction *> m_commandActions;
+    CMainToolBar *m_toolBar = nullptr;
     int m_samplingIndex = -1;
     int m_dataIndex = -1;
     CImageSource *m_imageSource = nullptr;

@@ -75,9 +75,10 @@ QString CCliCommands::version()
     return QStringLiteral("vellora-cli " VELLORA_VERSION);
 }
 
-QString CCliCommands::usage()
-{
-    return QStringLiteral(
+namespace {
+
+// What --help prints (UTF-8).
+const char kUsage[] =
         "Usage: vellora-cli COMMAND [ARGUMENTS] [OPTIONS]\n"
         "\n"
         "Colour matching in bulk, with the same colour maths as Vellora.\n"
@@ -125,5 +126,11 @@ QString CCliCommands::usage()
         "  --version                   show the version\n"
         "\n"
         "Exit status: 0 success, 1 usage error, 2 unreadable or malformed input,\n"
-        "3 a selection that holds no pixels.");
+        "3 a selection that holds no pixels.";
+
+} // namespace
+
+QString CCliCommands::usage()
+{
+    return QString::fromUtf8(kUsage);
 }

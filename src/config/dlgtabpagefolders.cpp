@@ -100,14 +100,17 @@ void CDlgTabPageFolders::defaultLibPath()
     showPath(m_libLabel, m_libPath);
 }
 
+// The same folder spelt another way (a trailing separator, "." or a doubled
+// separator, as after "Reset Default" over a stored "folder/") is no change,
+// as it is for a folder chosen with Browse.
 bool CDlgTabPageFolders::applyChanges()
 {
     CAppSettings *s = settings();
-    if (m_dataPath != s->dataDir) {
+    if (QDir::cleanPath(m_dataPath) != QDir::cleanPath(s->dataDir)) {
         s->dataDir = m_dataPath;
         m_dataChanged = true;
     }
-    if (m_libPath != s->libraryDir) {
+    if (QDir::cleanPath(m_libPath) != QDir::cleanPath(s->libraryDir)) {
         s->libraryDir = m_libPath;
         m_libChanged = true;
     }

@@ -22,11 +22,18 @@ const int kCurrentRevision = 0;
 // nothing else happens.
 const int kWakeMs = 5;
 
-int currentScore()
-{
-    return AppContext::versionMajor() * 100 + AppContext::versionMinor() * 10 + kCurrentRevision;
-}
 } // namespace
+
+int CUpdateCheck::versionScore(int major, int minor, int revision)
+{
+    // The places overlap on purpose: 0.10.0 scores as much as 1.0.0.
+    return major * 100 + minor * 10 + revision;
+}
+
+int CUpdateCheck::currentScore()
+{
+    return versionScore(AppContext::versionMajor(), AppContext::versionMinor(), kCurrentRevision);
+}
 
 QString CUpdateCheck::vendorAddress()
 {
@@ -174,8 +181,7 @@ void CUpdateCheck::readVersion(const QByteArray &body)
 
 int CUpdateCheck::remoteScore() const
 {
-    // The places overlap on purpose: 0.10.0 scores as much as 1.0.0.
-    return m_major * 100 + m_minor * 10 + m_revision;
+    return versionScore(m_major, m_minor, m_revision);
 }
 
 bool CUpdateCheck::isNewerVersion() const

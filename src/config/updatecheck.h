@@ -45,6 +45,13 @@ public:
     bool hasResult() const { return m_resultStored; }
     bool wasCancelled() const { return m_cancelled; }
 
+    // A version's score: major x 100 + minor x 10 + revision. A reply is a
+    // newer version when its score is above the running version's.
+    static int versionScore(int major, int minor, int revision);
+    static int currentScore();
+    // The score of the last reply.
+    int remoteScore() const;
+
     // The text of the result dialog for the stored result (rich text, with
     // the service's address escaped) and whether it announces a newer version.
     QString resultText() const;
@@ -60,7 +67,6 @@ private:
     void waitForResult(CDlgUpdateProgress *progress);
     void storeFailure(const QString &text);
     void readVersion(const QByteArray &body);
-    int remoteScore() const;
 
     QNetworkAccessManager *m_manager = nullptr;
     QString m_errorText;

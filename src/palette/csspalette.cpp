@@ -68,6 +68,27 @@ int lineOfOffset(const CCssPalette::Declaration &d, int offset)
     return d.line + int(d.value.leftRef(offset).count(QLatin1Char('\n')));
 }
 
+// A statement that ends at `end` (";", "{" or "}"): a selector opens a
+// rule, a "property: value" declaration is kept with its rule's selector
+// and the line its value starts on, and "}" closes the rule.
+void takeStatement(const QString &statement, QChar end, int start, const QVector<int> &lineFeeds,
+                   QStringList *selectors, QVector<CCssPalette::Declaration> *out)
+{
+    if (end == QLatin1Char('{')) {
+        selectors->append(simplified(statement));
+        return;
+    }
+    const int colon = statement.indexOf(QLatin1Char(':'));
+    const QString property = simplified(statement.left(colon));
+    if (colon > 0 && !property.isEmpty() && !property.startsWith(QLatin1Char('@'))) {
+        const int valueStart = start + colon + 1;
+        out->append({selectors->value(selectors->size() - 1), property, statement.mid(colon + 1),
+                     lineAt(lineFeeds, valueStart)});
+    }
+    if (end == QLatin1Char('}') && !selectors->isEmpty())
+        selectors->removeLast();
+}
+
 } // namespace
 
 bool CCssPalette::declarations(const QString &sheet, QVector<Declaration> *out, int *badLine)
@@ -99,20 +120,7 @@ bool CCssPalette::declarations(const QString &sheet, QVector<Declaration> *out, 
         }
         if (c != QLatin1Char(';') && c != QLatin1Char('{') && c != QLatin1Char('}'))
             continue;
-        const QString statement = text.mid(start, i - start);
-        if (c == QLatin1Char('{')) {
-            selectors.append(simplified(statement));
-        } else {
-            const int colon = statement.indexOf(QLatin1Char(':'));
-            const QString property = simplified(statement.left(colon));
-            if (colon > 0 && !property.isEmpty() && !property.startsWith(QLatin1Char('@'))) {
-                const int valueStart = start + colon + 1;
-                out->append({selectors.value(selectors.size() - 1), property,
-                             statement.mid(colon + 1), lineAt(lineFeeds, valueStart)});
-            }
-            if (c == QLatin1Char('}') && !selectors.isEmpty())
-                selectors.removeLast();
-        }
+        takeStatement(text.mid(start, i - start), c, start, lineFeeds, &selectors, out);
         start = i + 1;
     }
     return true;

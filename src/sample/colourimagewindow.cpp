@@ -1,89 +1,44 @@
 #include "sample/colourimagewindow.h"
 
-#include "app/appcontext.h"
 #include "app/appsettings.h"
-#include "app/tablemessages.h"
-#include "colour/colourprofile.h"
 #include "colour/pickspread.h"
-#include "library/dlglibcolourtableadd.h"
-#include "library/libcolourtabledlg.h"
-#include "palette/colourcopytext.h"
-#include "sample/colourcontextmenu.h"
 #include "sample/colourimagewindowview.h"
-#include "sample/dlgexplainmatch.h"
 #include "sample/imagewidget.h"
+#include "sample/libraryactions.h"
 #include "sample/libraryselector.h"
 #include "sample/matchresultsview.h"
-#include "sample/multipleselect.h"
+#include "sample/matchrunner.h"
+#include "sample/multipleselectionrows.h"
 #include "sample/picknotes.h"
+#include "sample/sampleclipboard.h"
 #include "sample/samplepanel.h"
+#include "sample/sampletoolpanel.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
-#include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QImage>
-#include <QLabel>
-#include <QMenu>
-#include <QMessageBox>
 #include <QSignalMapper>
-#include <QToolBar>
 #include <QToolButton>
-#include <QVBoxLayout>
-
-namespace {
-
-const int kFirstCommand = CmdMaintainLibrary;
-const int kLastCommand = CmdClearMultiple;
-const int kSectionSpacing = 17;
-
-QLabel *centredCaption(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-    return label;
-}
-
-QHBoxLayout *bareRow(QWidget *owner)
-{
-    auto *row = new QHBoxLayout(owner);
-    row->setContentsMargins(0, 0, 0, 0);
-    return row;
-}
-
-QVBoxLayout *bareColumn(QWidget *owner)
-{
-    auto *column = new QVBoxLayout(owner);
-    column->setContentsMargins(0, 0, 0, 0);
-    return column;
-}
-
-} // namespace
 
 CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
-    : CMainTabbedWindow(parent), m_settings(settings)
+    : CMainTabbedWindow(parent), m_settings(settings), m_shown(settings)
 {
     m_clearItemMapper = new QSignalMapper(this);
     connect(m_clearItemMapper, &QSignalMapper::mappedInt, this,
             &CColourImageWindow::multiSelectClearItem);
-    m_buttons.fill(nullptr, kLastCommand - kFirstCommand + 1);
     m_view = new CColourImageWindowView(this);
     connectView();
     m_mapper = new QSignalMapper(this);
     connect(m_mapper, &QSignalMapper::mappedInt, this, &CColourImageWindow::processCommand);
 
-    QToolBar *panel = buildPanel();
+    m_panel = new CSampleToolPanel(m_settings, m_mapper, m_clearItemMapper, this);
+    connectPanel();
     auto *layout = new QHBoxLayout(this);
-    layout->addWidget(panel);
+    layout->addWidget(m_panel);
     layout->addWidget(m_view);
     fillLibraryCombo();
     resetPage(true);
-    addClipboardShortcuts();
+    connectHelpers();
 }
 
 CColourImageWindow::~CColourImageWindow() = default;
@@ -99,161 +54,60 @@ void CColourImageWindow::connectView()
             &CColourImageWindow::statusMessage);
 }
 
-// ---- Panel -----------------------------------------------------------------
-
-QToolButton *CColourImageWindow::addCommandButton(int command, const QString &text,
-                                                  const QString &icon, bool checkable,
-                                                  QWidget *parent)
+void CColourImageWindow::connectPanel()
 {
-    auto *action = new QAction(AppContext::widgetIcon(icon), text, parent);
-    QToolButton *button = createToolButton(action, m_mapper, command, checkable, parent);
-    m_buttons[command - kFirstCommand] = button;
-    return button;
+    m_samplePanel = m_panel->samplePanel();
+    m_notes = m_panel->pickNotes();
+    m_library = m_panel->librarySelector();
+    m_results = m_panel->results();
+    m_multiple = new CMultipleSelectionRows(m_settings, m_panel->selectionRows(),
+                                            m_panel->maximumNotice(),
+                                            commandButton(CmdClearMultiple), imageWidget(), this);
+    connect(m_panel->pickSizeCombo(), qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &CColourImageWindow::colourPickSizeChanged);
+    connect(m_library, &CLibrarySelector::tableSelected, this,
+            &CColourImageWindow::colourTableComboListChanged);
+    m_match = new CMatchRunner(m_library, m_results, this);
+    connect(m_match, &CMatchRunner::matched, this,
+            [this]() { commandButton(CmdAddToLibrary)->setEnabled(true); });
 }
+
+// The library commands and the clipboard keys: their dialogs and messages
+// are theirs, what follows for the page is signalled.
+void CColourImageWindow::connectHelpers()
+{
+    m_libraryActions = new CLibraryActions(m_settings, m_library, this);
+    connect(m_libraryActions, &CLibraryActions::libraryChanged, this,
+            &CColourImageWindow::libraryChanged);
+    connect(m_libraryActions, &CLibraryActions::helpRequested, this,
+            &CColourImageWindow::helpRequested);
+    m_clipboard = new CSampleClipboard(this);
+    connect(m_clipboard, &CSampleClipboard::copyRequested, this, &CColourImageWindow::copySample);
+    connect(m_clipboard, &CSampleClipboard::imagePasted, this, &CColourImageWindow::imagePasted);
+    connect(m_clipboard, &CSampleClipboard::statusMessage, this,
+            &CColourImageWindow::statusMessage);
+}
+
+CImageWidget *CColourImageWindow::imageWidget() const { return m_view->imageWidget(); }
 
 QToolButton *CColourImageWindow::commandButton(int command) const
 {
-    if (command < kFirstCommand || command > kLastCommand)
-        return nullptr;
-    return m_buttons.at(command - kFirstCommand);
+    return m_panel->commandButton(command);
 }
 
-QToolBar *CColourImageWindow::buildPanel()
+QComboBox *CColourImageWindow::pickSizeCombo() const { return m_panel->pickSizeCombo(); }
+
+QLabel *CColourImageWindow::maximumNotice() const { return m_panel->maximumNotice(); }
+
+const CMultipleSelection &CColourImageWindow::multipleSelection() const
 {
-    auto *panel = new QToolBar(this);
-    panel->setOrientation(Qt::Vertical);
-    panel->setAllowedAreas(Qt::LeftToolBarArea);
-    panel->setMovable(false);
-    panel->setFloatable(false);
-
-    auto *box = new QGroupBox(panel);
-    auto *layout = new QVBoxLayout(box);
-    layout->addWidget(centredCaption(tr("Select Colour"), box));
-
-    auto *columns = new QWidget(box);
-    QHBoxLayout *columnsLayout = bareRow(columns);
-    columnsLayout->addWidget(buildPickingSection(columns));
-    columnsLayout->addWidget(createVerticalRule(columns));
-    columnsLayout->addWidget(buildMultipleSection(columns));
-    layout->addWidget(columns);
-    layout->addWidget(createHorizontalRule(box));
-    buildMatchSection(box, layout);
-    panel->addWidget(box);
-    return panel;
+    return m_multiple->selection();
 }
 
-QWidget *CColourImageWindow::buildPickingSection(QWidget *parent)
+CMultipleSelect *CColourImageWindow::multipleSlot(int slot) const
 {
-    auto *section = new QWidget(parent);
-    QVBoxLayout *layout = bareColumn(section);
-    layout->addWidget(buildPickModeRow(section));
-    layout->addWidget(buildPickSizeRow(section));
-    m_samplePanel = new CSamplePanel(section);
-    layout->addWidget(m_samplePanel);
-    m_notes = new CPickNotes(section);
-    layout->addWidget(m_notes);
-    layout->addSpacing(kSectionSpacing);
-    return section;
+    return m_multiple->rows().at(slot);
 }
-
-QWidget *CColourImageWindow::buildPickModeRow(QWidget *parent)
-{
-    auto *row = new QWidget(parent);
-    QHBoxLayout *layout = bareRow(row);
-    layout->addWidget(addCommandButton(CmdPickClick, tr("Click Select Colour"),
-                                       QStringLiteral("sm_toolbar/btn_toolbar_pick.png"), true,
-                                       row));
-    layout->addWidget(addCommandButton(CmdPickRubberBand, tr("Rubber Band Select Colour"),
-                                       QStringLiteral("sm_toolbar/btn_toolbar_pick_drag.png"),
-                                       true, row));
-    layout->addStretch();
-    layout->addWidget(addCommandButton(CmdSelectSingle, tr("Single Selection"),
-                                       QStringLiteral("sm_toolbar/btn_toolbar_pick_single.png"),
-                                       true, row));
-    return row;
-}
-
-QWidget *CColourImageWindow::buildPickSizeRow(QWidget *parent)
-{
-    auto *row = new QWidget(parent);
-    QHBoxLayout *layout = bareRow(row);
-    layout->addWidget(new QLabel(tr("Pick Size:"), row));
-    m_pickSizeCombo = new QComboBox(row);
-    for (int size : {1, 3, 5, 7, 9})
-        m_pickSizeCombo->addItem(QStringLiteral("%1x%1").arg(size), size);
-    connect(m_pickSizeCombo, qOverload<int>(&QComboBox::currentIndexChanged), this,
-            &CColourImageWindow::colourPickSizeChanged);
-    layout->addWidget(m_pickSizeCombo);
-    return row;
-}
-
-QWidget *CColourImageWindow::buildMultipleSection(QWidget *parent)
-{
-    auto *section = new QWidget(parent);
-    QVBoxLayout *layout = bareColumn(section);
-    auto *buttons = new QHBoxLayout;
-    buttons->addWidget(addCommandButton(CmdSelectMultiple, tr("Multiple Selection"),
-                                        QStringLiteral("sm_toolbar/btn_toolbar_multi_done.png"),
-                                        true, section));
-    buttons->addWidget(addCommandButton(CmdClearMultiple, tr("Clear Multiple Selection"),
-                                        QStringLiteral("sm_toolbar/btn_toolbar_multi_clear.png"),
-                                        false, section));
-    commandButton(CmdClearMultiple)->setEnabled(false);
-    layout->addLayout(buttons);
-
-    auto *grid = new QGridLayout;
-    for (int slot = 0; slot < kMultipleSlots; ++slot) {
-        auto *entry = new CMultipleSelect(slot, section, m_clearItemMapper);
-        m_slots.append(entry);
-        grid->addWidget(entry->row(), slot / 2, slot % 2);
-    }
-    layout->addLayout(grid);
-    m_maximumNotice =
-        new QLabel(tr("<font color='Crimson'>Maximum %1 Items</font>").arg(kMultipleSlots), section);
-    m_maximumNotice->hide();
-    layout->addWidget(m_maximumNotice);
-    layout->addStretch();
-    return section;
-}
-
-void CColourImageWindow::buildMatchSection(QWidget *parent, QVBoxLayout *layout)
-{
-    layout->addWidget(new QLabel(tr("Colour Match Library"), parent));
-    auto *libraryRow = new QHBoxLayout;
-    libraryRow->addWidget(addCommandButton(CmdAddToLibrary, tr("Add Colour to Colour Library"),
-                                           QStringLiteral("sm_toolbar/btn_toolbar_add_lib.png"),
-                                           false, parent));
-    libraryRow->addStretch();
-    m_library = new CLibrarySelector(m_settings, parent);
-    connect(m_library, &CLibrarySelector::tableSelected, this,
-            &CColourImageWindow::colourTableComboListChanged);
-    libraryRow->addWidget(m_library);
-    libraryRow->addSpacing(8);
-    libraryRow->addWidget(addCommandButton(CmdMaintainLibrary, tr("Maintain Colour Library"),
-                                           QStringLiteral("sm_toolbar/btn_toolbar_maintain.png"),
-                                           false, parent));
-    libraryRow->addStretch();
-    layout->addLayout(libraryRow);
-
-    auto *matchRow = new QHBoxLayout;
-    matchRow->addWidget(addCommandButton(CmdMatchColour, tr("Match Library Colour"),
-                                         QStringLiteral("sm_toolbar/btn_toolbar_match.png"),
-                                         false, parent));
-    matchRow->addWidget(addCommandButton(CmdAddToDataSet, tr("Add Colour to DataSet"),
-                                         QStringLiteral("sm_toolbar/btn_toolbar_add_data.png"),
-                                         false, parent));
-    layout->addLayout(matchRow);
-    layout->addSpacing(kSectionSpacing);
-    m_results = new CMatchResultsView(m_settings, parent);
-    connect(m_results, &CMatchResultsView::rowMenuAboutToShow, this,
-            &CColourImageWindow::addExplainAction);
-    layout->addWidget(m_results, 1);
-    layout->addStretch();
-}
-
-// ---- Parts seen from outside -------------------------------------------------
-
-CImageWidget *CColourImageWindow::imageWidget() const { return m_view->imageWidget(); }
 
 const CLibColourTable &CColourImageWindow::libraryTable() const { return m_library->table(); }
 
@@ -274,81 +128,35 @@ QLabel *CColourImageWindow::sampleValueCaption(int index) const
     return m_samplePanel->valueCaption(index);
 }
 
-// ---- Page interface ----------------------------------------------------------
-
-QString CColourImageWindow::title() const
-{
-    if (m_pasted)
-        return tr("Pasted image") + QStringLiteral(" - ");
-    if (m_imagePath.isEmpty())
-        return QString();
-    const QFileInfo info(m_imagePath);
-    QString text = info.fileName();
-    const QString folder = info.canonicalPath();
-    if (!text.isEmpty() && !folder.isEmpty())
-        text += QStringLiteral(" - ") + QDir::toNativeSeparators(folder);
-    if (!text.isEmpty())
-        text += QStringLiteral(" - ");
-    return text;
-}
+QString CColourImageWindow::title() const { return m_shown.title(); }
 
 void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
-    m_imagePath = path;
-    m_pasted = false;
+    m_shown.setFile(path);
     showConverted(image);
 }
 
 void CColourImageWindow::showPastedImage(const QImage &image)
 {
-    m_imagePath.clear();
-    m_pasted = true;
+    m_shown.setPasted();
     showConverted(image);
 }
 
 void CColourImageWindow::showConverted(const QImage &image)
 {
-    if (m_settings == nullptr || !m_settings->convertToSrgb) {
-        m_notes->showProfile(QString());
-        m_view->setImage(image);
-        return;
-    }
-    // Converted once here, so every pick reads the colours the picture shows.
-    QImage converted = image;
-    m_notes->showProfile(CColourProfile::convertToSrgb(&converted));
-    m_view->setImage(converted);
-}
-
-// Two keys the page's own commands leave free, active wherever the focus
-// is on the page.
-void CColourImageWindow::addClipboardShortcuts()
-{
-    auto *copy = new QAction(this);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(copy, &QAction::triggered, this, &CColourImageWindow::copySample);
-    auto *paste = new QAction(this);
-    paste->setShortcut(QKeySequence::Paste);
-    paste->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(paste, &QAction::triggered, this, &CColourImageWindow::pasteImage);
-    addActions({copy, paste});
+    QString profile;
+    const QImage shown = m_shown.prepared(image, &profile);
+    m_notes->showProfile(profile);
+    m_view->setImage(shown);
 }
 
 void CColourImageWindow::copySample()
 {
     if (m_samplePresent)
-        QApplication::clipboard()->setText(CColourCopyText::hex(m_sample));
+        CSampleClipboard::copyColour(m_sample);
 }
 
-void CColourImageWindow::pasteImage()
-{
-    const QImage image = QApplication::clipboard()->image();
-    if (image.isNull()) {
-        emit statusMessage(tr("The clipboard holds no picture."));
-        return;
-    }
-    emit imagePasted(image);
-}
+void CColourImageWindow::pasteImage() { m_clipboard->paste(); }
 
 void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }
 
@@ -371,21 +179,19 @@ int CColourImageWindow::rgbFormat() const { return CAppSettings::rgbFormatOf(m_s
 
 void CColourImageWindow::refreshAfterSettingsChange()
 {
-    showSelectionSlots(0);
+    m_multiple->refresh();
     // The averaging rule may have changed: the kept picks are averaged anew.
-    if (!m_selection.isEmpty())
+    if (!multipleSelection().isEmpty())
         installMultipleAverage();
     refreshSampleText();
     runMatch(true);
 }
 
-// ---- Commands ----------------------------------------------------------------
-
 void CColourImageWindow::processCommand(int action)
 {
     switch (action) {
     case CmdMaintainLibrary:
-        maintainLibrary();
+        m_libraryActions->maintain();
         break;
     case CmdMatchColour:
         runMatch(false);
@@ -394,7 +200,7 @@ void CColourImageWindow::processCommand(int action)
         emit addToDataSetRequested(m_sample.red, m_sample.green, m_sample.blue);
         break;
     case CmdAddToLibrary:
-        addSampleToLibrary();
+        m_libraryActions->addSample(m_sample, m_samplePresent);
         break;
     case CmdPickClick:
     case CmdPickRubberBand:
@@ -405,8 +211,7 @@ void CColourImageWindow::processCommand(int action)
         setSelectionMode(action);
         break;
     case CmdClearMultiple:
-        multiSelectClearAll();
-        redrawSelectionMarks();
+        emptyMultipleSelection();
         break;
     default:
         break;
@@ -416,29 +221,23 @@ void CColourImageWindow::processCommand(int action)
 void CColourImageWindow::setPickMode(int command)
 {
     m_pickMode = command;
-    commandButton(CmdPickClick)->setChecked(false);
-    commandButton(CmdPickRubberBand)->setChecked(false);
     // Through the combo's signal the pick size follows.
-    m_pickSizeCombo->setCurrentIndex(0);
-    commandButton(command)->setChecked(true);
+    pickSizeCombo()->setCurrentIndex(0);
+    m_panel->checkCommand(command, {CmdPickClick, CmdPickRubberBand});
     m_view->setRubberBandMode(command == CmdPickRubberBand);
 }
 
 void CColourImageWindow::setSelectionMode(int command)
 {
     m_selectionMode = command;
-    commandButton(CmdSelectSingle)->setChecked(false);
-    commandButton(CmdSelectMultiple)->setChecked(false);
     emptyMultipleSelection();
-    commandButton(command)->setChecked(true);
+    m_panel->checkCommand(command, {CmdSelectSingle, CmdSelectMultiple});
 }
 
 void CColourImageWindow::colourPickSizeChanged(int index)
 {
-    imageWidget()->setPickSize(m_pickSizeCombo->itemData(index).toInt());
+    imageWidget()->setPickSize(pickSizeCombo()->itemData(index).toInt());
 }
-
-// ---- Picking and the sample --------------------------------------------------
 
 void CColourImageWindow::pickImageRegion(const QRect &imageRect)
 {
@@ -462,7 +261,7 @@ void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
         m_notes->clearSpread();
         return;
     }
-    enableSampleCommands(true);
+    m_panel->enableSampleCommands(true);
     m_samplePanel->showColour(colour, rgbFormat());
 }
 
@@ -472,77 +271,30 @@ void CColourImageWindow::refreshSampleText()
         m_samplePanel->refreshRgb(m_sample, rgbFormat());
 }
 
-void CColourImageWindow::enableSampleCommands(bool enable)
-{
-    commandButton(CmdMatchColour)->setEnabled(enable);
-    commandButton(CmdAddToDataSet)->setEnabled(enable);
-    commandButton(CmdAddToLibrary)->setEnabled(enable);
-}
-
-// ---- Multiple selection ------------------------------------------------------
-
 void CColourImageWindow::addToMultipleSelection(const RgbColour &colour, const QRect &rect)
 {
-    if (!m_selection.add(colour, rect)) {
-        m_maximumNotice->show();
-        redrawSelectionMarks();
-        return;
-    }
-    showSelectionSlots(m_selection.count() - 1);
-    commandButton(CmdClearMultiple)->setEnabled(true);
-    installMultipleAverage();
-    redrawSelectionMarks();
-}
-
-// The rows from `from` on show the entries at their positions; the rest hide.
-void CColourImageWindow::showSelectionSlots(int from)
-{
-    for (int position = from; position < m_slots.size(); ++position) {
-        CMultipleSelect *slot = m_slots.at(position);
-        const bool used = position < m_selection.count();
-        if (used) {
-            slot->setRect(m_selection.at(position).rect);
-            slot->setColour(m_selection.at(position).colour, rgbFormat());
-        }
-        slot->setInUse(used);
-    }
+    if (m_multiple->add(colour, rect))
+        installMultipleAverage();
 }
 
 void CColourImageWindow::installMultipleAverage()
 {
-    setSample(m_selection.average(rgbAverage()), false);
+    setSample(multipleSelection().average(rgbAverage()), false);
 }
 
 void CColourImageWindow::multiSelectClearItem(int position)
 {
-    if (!m_selection.removeAt(position))
-        return;
-    showSelectionSlots(position);
-    if (m_selection.isEmpty())
-        commandButton(CmdClearMultiple)->setEnabled(false);
-    m_maximumNotice->hide();
-    if (!m_selection.isEmpty())
+    if (m_multiple->removeAt(position) && !multipleSelection().isEmpty())
         installMultipleAverage();
-    redrawSelectionMarks();
 }
 
-void CColourImageWindow::multiSelectClearAll()
-{
-    m_selection.clear();
-    showSelectionSlots(0);
-    commandButton(CmdClearMultiple)->setEnabled(false);
-    m_maximumNotice->hide();
-}
+void CColourImageWindow::multiSelectClearAll() { m_multiple->clear(); }
 
 void CColourImageWindow::emptyMultipleSelection()
 {
     multiSelectClearAll();
-    redrawSelectionMarks();
+    m_multiple->redrawMarks();
 }
-
-void CColourImageWindow::redrawSelectionMarks() { imageWidget()->drawSelectionMarks(m_slots); }
-
-// ---- Library and matching ----------------------------------------------------
 
 void CColourImageWindow::fillLibraryCombo() { m_library->reload(); }
 
@@ -550,7 +302,7 @@ void CColourImageWindow::colourTableComboListChanged(int index)
 {
     if (index < 0)
         return;
-    m_matched = false;
+    m_match->forget();
     m_library->loadTable(index);
 }
 
@@ -563,108 +315,10 @@ void CColourImageWindow::libraryChanged()
 void CColourImageWindow::runMatch(bool quiet)
 {
     if (quiet)
-        repeatMatchQuietly();
+        m_match->repeat(m_sample, m_samplePresent);
     else
-        matchSample();
+        m_match->match(m_sample, m_samplePresent);
 }
-
-void CColourImageWindow::matchSample()
-{
-    if (!m_samplePresent) {
-        QMessageBox::warning(this, AppContext::productName(),
-                             tr("No Colour has been selected for matching."), QMessageBox::Ok);
-        return;
-    }
-    m_matched = true;
-    if (libraryTable().count() == 0) {
-        m_results->clearResults();
-        QMessageBox::warning(
-            this, AppContext::productName(),
-            tr("The %1 Colour Match Library is empty, so a match cannot be attempted.")
-                .arg(m_library->selectedTableBaseName()),
-            QMessageBox::Ok);
-        return;
-    }
-    m_results->showMatches(m_library->matcher(), m_sample);
-    commandButton(CmdAddToLibrary)->setEnabled(true);
-}
-
-void CColourImageWindow::addExplainAction(QMenu *menu, int row)
-{
-    QAction *action = menu->addAction(tr("Explain this match\u2026"));
-    connect(action, &QAction::triggered, this, [this, row]() { explainMatch(row); });
-}
-
-void CColourImageWindow::explainMatch(int row)
-{
-    const CMatchResult *entry = m_results->rowEntry(row);
-    if (entry == nullptr)
-        return;
-    auto *dialog = new CDlgExplainMatch(m_results->matchedSample(), entry->name,
-                                        {entry->red, entry->green, entry->blue}, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->show();
-}
-
-// Nothing is said here: an empty table or no earlier match leaves the shown
-// results as they are.
-void CColourImageWindow::repeatMatchQuietly()
-{
-    if (!m_matched || !m_samplePresent || libraryTable().count() == 0)
-        return;
-    m_results->showMatches(m_library->matcher(), m_sample);
-    commandButton(CmdAddToLibrary)->setEnabled(true);
-}
-
-void CColourImageWindow::maintainLibrary()
-{
-    if (execLibraryMaintenance())
-        libraryChanged();
-}
-
-// Whatever way the dialog was closed, it reports whether any table was
-// made, changed, copied, renamed, deleted or imported.
-bool CColourImageWindow::execLibraryMaintenance()
-{
-    if (!m_settings)
-        return false;
-    CLibColourTableDlg dialog(m_settings, this);
-    connect(&dialog, &CLibColourTableDlg::displayHelpSignal, this,
-            &CColourImageWindow::helpRequested);
-    dialog.exec();
-    return dialog.libraryChanged();
-}
-
-void CColourImageWindow::addSampleToLibrary()
-{
-    if (!m_samplePresent) {
-        QMessageBox::critical(this, AppContext::productName(),
-                              tr("Please  first match the colour ...."), QMessageBox::Ok);
-        return;
-    }
-    const CLibColourTable &table = libraryTable();
-    CDlgLibColourTableAdd dialog(this, table.filePath(), &table, m_sample, m_settings);
-    connect(&dialog, &CDlgLibColourTableAdd::displayHelpSignal, this,
-            &CColourImageWindow::helpRequested);
-    if (dialog.exec() == QDialog::Accepted)
-        addEntryToLibraryTable(dialog.name());
-}
-
-// The table writes itself back to its file at once. When that fails the
-// entry is taken out again, so that the table shown matches its file.
-bool CColourImageWindow::addEntryToLibraryTable(const QString &name)
-{
-    CLibColourTable &table = m_library->table();
-    auto *entry = new CColourTableEntry(name, m_sample.red, m_sample.green, m_sample.blue);
-    table.add(entry);
-    if (CTableMessages::save(this, table, table.filePath(), true))
-        return true;
-    table.removeAt(table.count() - 1);
-    delete entry;
-    return false;
-}
-
-// ---- Reset -------------------------------------------------------------------
 
 void CColourImageWindow::resetPage(bool resetModes)
 {
@@ -675,8 +329,8 @@ void CColourImageWindow::resetPage(bool resetModes)
     m_view->zoomStep(CmdZoomActual);
     multiSelectClearAll();
     m_samplePresent = false;
-    enableSampleCommands(false);
+    m_panel->enableSampleCommands(false);
     setSample(RgbColour{1.0, 1.0, 1.0}, true);
-    m_matched = false;
+    m_match->forget();
     m_results->clearResults();
 }

@@ -4,36 +4,39 @@
 #include "app/maintabbedwindow.h"
 #include "colour/rgbcolour.h"
 #include "sample/multipleselection.h"
+#include "sample/shownimage.h"
 
 #include <QRect>
-#include <QVector>
 
 class CAppSettings;
 class CColourImageWindowView;
 class CImageWidget;
 class CLibColourTable;
+class CLibraryActions;
 class CLibrarySelector;
 class CMatchResultsView;
+class CMatchRunner;
 class CMultipleSelect;
+class CMultipleSelectionRows;
 class CPickNotes;
+class CSampleClipboard;
 class CSamplePanel;
+class CSampleToolPanel;
 class QComboBox;
 class QImage;
 class QLabel;
-class QMenu;
 class QSignalMapper;
 class QTableWidget;
-class QToolBar;
 class QToolButton;
-class QVBoxLayout;
 
 // The "Sample && Match" page: the tool panel (pick modes, sample, multiple
 // selection, library and results) on the left, the image view on the right.
 // It coordinates its parts: the view reports picks, the page averages them
-// into the sample panel or the multiple selection, and matches the sample
-// through the library selector's table into the results view. What the main
-// window must do (zoom buttons, status bar, adding to the data set) is
-// signalled.
+// into the sample panel or the multiple-selection rows, and has the match
+// runner match the sample through the library selector's table into the
+// results view. Building the panel, the library commands and the clipboard
+// keys are classes of their own. What the main window must do (zoom buttons,
+// status bar, adding to the data set) is signalled.
 class CColourImageWindow : public CMainTabbedWindow
 {
     Q_OBJECT
@@ -52,7 +55,7 @@ public:
     // Shows a picture that came from the clipboard: it has no file, and
     // the title calls it "Pasted image".
     void showPastedImage(const QImage &image);
-    bool isPastedImage() const { return m_pasted; }
+    bool isPastedImage() const { return m_shown.isPasted(); }
     // Ctrl+C: the sample as "#rrggbb" on the clipboard (nothing without one).
     void copySample();
     // Ctrl+V: signals the clipboard's picture to be shown, or says in the
@@ -86,22 +89,22 @@ public:
 
     CColourImageWindowView *view() const { return m_view; }
     CImageWidget *imageWidget() const;
-    QString imagePath() const { return m_imagePath; }
+    QString imagePath() const { return m_shown.path(); }
     bool isSamplePresent() const { return m_samplePresent; }
     RgbColour sample() const { return m_sample; }
     int pickMode() const { return m_pickMode; }
     int selectionMode() const { return m_selectionMode; }
-    int multipleCount() const { return m_selection.count(); }
-    const CMultipleSelection &multipleSelection() const { return m_selection; }
-    CMultipleSelect *multipleSlot(int slot) const { return m_slots.at(slot); }
+    int multipleCount() const { return multipleSelection().count(); }
+    const CMultipleSelection &multipleSelection() const;
+    CMultipleSelect *multipleSlot(int slot) const;
     const CLibColourTable &libraryTable() const;
     CLibrarySelector *librarySelector() const { return m_library; }
     // The page's own buttons and panel parts, as the user sees them.
     QToolButton *commandButton(int command) const;
-    QComboBox *pickSizeCombo() const { return m_pickSizeCombo; }
+    QComboBox *pickSizeCombo() const;
     QComboBox *libraryCombo() const;
     QTableWidget *resultsTable() const;
-    QLabel *maximumNotice() const { return m_maximumNotice; }
+    QLabel *maximumNotice() const;
     CSamplePanel *samplePanel() const { return m_samplePanel; }
     // "Mixed colours" and the converted profile, under the sample.
     CPickNotes *pickNotes() const { return m_notes; }
@@ -137,57 +140,36 @@ public slots:
 private:
     // Shows the picture, converted to sRGB first when the user asked for it.
     void showConverted(const QImage &image);
-    QToolButton *addCommandButton(int command, const QString &text, const QString &icon,
-                                  bool checkable, QWidget *parent);
-    QToolBar *buildPanel();
-    QWidget *buildPickingSection(QWidget *parent);
-    QWidget *buildPickModeRow(QWidget *parent);
-    QWidget *buildPickSizeRow(QWidget *parent);
-    QWidget *buildMultipleSection(QWidget *parent);
-    void buildMatchSection(QWidget *parent, QVBoxLayout *layout);
     void connectView();
-    void addClipboardShortcuts();
+    void connectPanel();
+    void connectHelpers();
 
     void setPickMode(int command);
     void setSelectionMode(int command);
     void emptyMultipleSelection();
-    void showSelectionSlots(int from);
-    void redrawSelectionMarks();
     void installMultipleAverage();
-    void enableSampleCommands(bool enable);
-    void matchSample();
-    void repeatMatchQuietly();
-    // "Explain this match…" on a result row's menu, opening a small window.
-    void addExplainAction(QMenu *menu, int row);
-    void explainMatch(int row);
-    void maintainLibrary();
-    bool execLibraryMaintenance();
-    void addSampleToLibrary();
-    bool addEntryToLibraryTable(const QString &name);
     bool rgbAverage() const;
     int rgbFormat() const;
 
     CAppSettings *m_settings = nullptr;
-    CMultipleSelection m_selection;
-    QVector<CMultipleSelect *> m_slots;
-    QString m_imagePath;
+    CShownImage m_shown;
     CColourImageWindowView *m_view = nullptr;
     QSignalMapper *m_mapper = nullptr;
     QSignalMapper *m_clearItemMapper = nullptr;
 
-    QVector<QToolButton *> m_buttons;
-    QComboBox *m_pickSizeCombo = nullptr;
+    CSampleToolPanel *m_panel = nullptr;
     CSamplePanel *m_samplePanel = nullptr;
     CPickNotes *m_notes = nullptr;
-    QLabel *m_maximumNotice = nullptr;
     CLibrarySelector *m_library = nullptr;
     CMatchResultsView *m_results = nullptr;
+    CMultipleSelectionRows *m_multiple = nullptr;
+    CMatchRunner *m_match = nullptr;
+    CLibraryActions *m_libraryActions = nullptr;
+    CSampleClipboard *m_clipboard = nullptr;
 
     int m_zoomIndex = 7;
     int m_pickMode = CmdPickClick;
     int m_selectionMode = CmdSelectSingle;
     RgbColour m_sample;
     bool m_samplePresent = false;
-    bool m_matched = false;
-    bool m_pasted = false;
 };

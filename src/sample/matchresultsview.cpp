@@ -5,6 +5,7 @@
 #include "colour/matchscore.h"
 #include "sample/colourcontextmenu.h"
 #include "sample/colourtexts.h"
+#include "sample/widesttexts.h"
 #include "tables/colourmatcher.h"
 
 #include <QHeaderView>
@@ -28,6 +29,11 @@ const int kItemVerticalPadding = 6 + 1;
 // Names longer than about this many average characters wrap.
 const int kNameWrapChars = 30;
 
+QString detailsText(const QString &rgbLine, const QString &labLine)
+{
+    return QStringLiteral("%1<br />%2<br />").arg(rgbLine, labLine);
+}
+
 } // namespace
 
 CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *parent)
@@ -50,6 +56,22 @@ CMatchResultsView::CMatchResultsView(const CAppSettings *settings, QWidget *pare
     setFocusPolicy(Qt::NoFocus);
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, &CMatchResultsView::showRowMenu);
+    reserveWidestRow();
+}
+
+// A row of the widest texts any match can show, measured as the real rows
+// are and taken out again: the view is that wide from the start, so that
+// the first match does not widen the page's panel and move the picture.
+void CMatchResultsView::reserveWidestRow()
+{
+    const QFontMetrics metrics = fontMetrics();
+    // Longer names wrap at the name width limit, so this one is at it.
+    const QString name(2 * kNameWrapChars, QLatin1Char('M'));
+    addRow(QColor(Qt::black).name(), name,
+           detailsText(CWidestTexts::rgbLine(metrics), CWidestTexts::labLine(metrics)),
+           CWidestTexts::matchText(metrics));
+    fitWidthToContents();
+    clearResults();
 }
 
 void CMatchResultsView::showMatches(const CColourMatcher &matcher, const RgbColour &sample)
@@ -71,24 +93,28 @@ void CMatchResultsView::showMatches(const CColourMatcher &matcher, const RgbColo
 void CMatchResultsView::showRow(const CMatchResult &record)
 {
     const RgbColour colour{record.red, record.green, record.blue};
+    const QString rgbLine = CColourTexts::rgbLine(colour, CAppSettings::rgbFormatOf(m_settings));
+    const bool asPercent = m_settings ? m_settings->rgbDifference : true;
+    addRow(colourName(record.red, record.green, record.blue), record.name,
+           detailsText(rgbLine, CColourTexts::labLine(colour)), matchText(record.deltaE, asPercent));
+}
+
+void CMatchResultsView::addRow(const QString &swatchColour, const QString &name,
+                               const QString &details, const QString &verdict)
+{
     const int row = rowCount();
     insertRow(row);
 
     auto *swatch = new QLabel;
-    swatch->setStyleSheet(QStringLiteral("background-color:%1;")
-                              .arg(colourName(record.red, record.green, record.blue)));
+    swatch->setStyleSheet(QStringLiteral("background-color:%1;").arg(swatchColour));
     setCellWidget(row, 0, swatch);
 
-    auto *details = new QWidget;
-    auto *layout = new QVBoxLayout(details);
-    layout->addWidget(new QLabel(QStringLiteral("%1").arg(record.name)));
-    const QString rgbLine = CColourTexts::rgbLine(colour, CAppSettings::rgbFormatOf(m_settings));
-    const QString labLine = CColourTexts::labLine(colour);
-    layout->addWidget(new QLabel(QStringLiteral("%1<br />%2<br />").arg(rgbLine, labLine)));
-    setCellWidget(row, 1, details);
-
-    const bool asPercent = m_settings ? m_settings->rgbDifference : true;
-    setCellWidget(row, 2, new QLabel(matchText(record.deltaE, asPercent)));
+    auto *cell = new QWidget;
+    auto *layout = new QVBoxLayout(cell);
+    layout->addWidget(new QLabel(QStringLiteral("%1").arg(name)));
+    layout->addWidget(new QLabel(details));
+    setCellWidget(row, 1, cell);
+    setCellWidget(row, 2, new QLabel(verdict));
 }
 
 void CMatchResultsView::setInterpretationToolTip()

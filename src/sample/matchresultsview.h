@@ -44,7 +44,10 @@ signals:
     void rowMenuAboutToShow(CColourContextMenu *menu, int row);
 
 private:
+    void reserveWidestRow();
     void showRow(const CMatchResult &record);
+    void addRow(const QString &swatchColour, const QString &name, const QString &details,
+                const QString &verdict);
     void setInterpretationToolTip();
     void showRowMenu(const QPoint &pos);
     // Names wider than this wrap instead of widening the panel further.

@@ -3,11 +3,14 @@
 #include "app/maintabbedwindow.h"
 #include "colour/colourformat.h"
 #include "sample/colourcontextmenu.h"
+#include "sample/widesttexts.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -59,9 +62,11 @@ QWidget *CSamplePanel::buildGrid()
     auto *grid = new QWidget(this);
     auto *layout = new QGridLayout(grid);
     layout->setContentsMargins(0, 0, 0, 0);
+    const QString widest = CWidestTexts::sampleValue(grid->fontMetrics());
     for (int i = 0; i < 6; ++i) {
         QLabel *caption = CMainTabbedWindow::createCaptionLabel(tr(captions[i]), grid);
         QLabel *value = CMainTabbedWindow::createValueLabel(grid);
+        reserveWidth(value, widest);
         const int column = i < 3 ? 0 : 2;
         layout->addWidget(caption, i % 3, column);
         layout->addWidget(value, i % 3, column + 1);
@@ -69,6 +74,16 @@ QWidget *CSamplePanel::buildGrid()
         m_values.append(value);
     }
     return grid;
+}
+
+// A value keeps from the start the width of the widest value it can come
+// to show, so that no pick widens the panel.
+void CSamplePanel::reserveWidth(QLabel *value, const QString &widest)
+{
+    const QString shown = value->text();
+    value->setText(widest);
+    value->setMinimumWidth(std::max(value->minimumWidth(), value->sizeHint().width()));
+    value->setText(shown);
 }
 
 void CSamplePanel::showColour(const RgbColour &colour, int rgbFormat)

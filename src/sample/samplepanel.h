@@ -39,6 +39,7 @@ public:
 private:
     QWidget *buildSwatch();
     QWidget *buildGrid();
+    static void reserveWidth(QLabel *value, const QString &widest);
     void setShown(bool shown);
     void showSwatchMenu(const QPoint &pos);
 

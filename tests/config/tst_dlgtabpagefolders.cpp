@@ -34,6 +34,9 @@ private slots:
     void applyReportsOnlyTheLibraryFolder();
     void choosingTheFolderAlreadySetIsNoChange_data();
     void choosingTheFolderAlreadySetIsNoChange();
+    void resetToTheStoredFolderSpeltOtherwiseIsNoChange_data();
+    void resetToTheStoredFolderSpeltOtherwiseIsNoChange();
+    void resetToAnotherFolderIsStillAChange();
 
 private:
     std::unique_ptr<TempHome> m_home;
@@ -242,6 +245,52 @@ void TestDlgTabPageFolders::choosingTheFolderAlreadySetIsNoChange()
     QVERIFY(!page.applyChanges());
     QVERIFY(!page.libraryChanged());
     QCOMPARE(m_settings->libraryDir, current);
+}
+
+void TestDlgTabPageFolders::resetToTheStoredFolderSpeltOtherwiseIsNoChange_data()
+{
+    QTest::addColumn<bool>("library");
+    QTest::addColumn<QString>("suffix");
+    QTest::newRow("library, trailing separator") << true << "/";
+    QTest::newRow("library, dot") << true << "/.";
+    QTest::newRow("library, doubled separator") << true << "//";
+    QTest::newRow("data, trailing separator") << false << "/";
+    QTest::newRow("data, dot and separator") << false << "/./";
+}
+
+// The stored folder is the default spelt another way: "Reset Default"
+// chooses the folder already in use, so applying changes nothing, and the
+// stored spelling stays.
+void TestDlgTabPageFolders::resetToTheStoredFolderSpeltOtherwiseIsNoChange()
+{
+    QFETCH(bool, library);
+    QFETCH(QString, suffix);
+    QString &stored = library ? m_settings->libraryDir : m_settings->dataDir;
+    const QString defaultDir =
+        library ? m_settings->libraryDefaultDir : m_settings->dataDefaultDir;
+    QVERIFY(!defaultDir.isEmpty());
+    stored = defaultDir + suffix;
+    const QString spelt = stored;
+    CDlgTabPageFolders page(m_settings.get());
+    page.show();
+    QTest::mouseClick(library ? page.libraryDefaultButton() : page.dataDefaultButton(),
+                      Qt::LeftButton);
+    QCOMPARE(library ? page.libraryPath() : page.dataPath(), defaultDir);
+    QVERIFY(!page.applyChanges());
+    QVERIFY(!page.libraryChanged());
+    QVERIFY(!page.dataChanged());
+    QCOMPARE(stored, spelt);
+}
+
+void TestDlgTabPageFolders::resetToAnotherFolderIsStillAChange()
+{
+    m_settings->libraryDir = m_settings->libraryDefaultDir + QStringLiteral("/elsewhere/");
+    CDlgTabPageFolders page(m_settings.get());
+    page.show();
+    QTest::mouseClick(page.libraryDefaultButton(), Qt::LeftButton);
+    QVERIFY(page.applyChanges());
+    QVERIFY(page.libraryChanged());
+    QCOMPARE(m_settings->libraryDir, m_settings->libraryDefaultDir);
 }
 
 QTEST_MAIN(TestDlgTabPageFolders)

@@ -14,6 +14,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <tuple>
 
 namespace {
 const QString kLatestText = QStringLiteral(
@@ -79,6 +80,8 @@ private slots:
     void revisionOneIsANewVersionWithVisitNow();
     void sameVersionIsTheLatestVersion();
     void zeroTenZeroScoresAsTheCurrentVersion();
+    void weightedScoreDecidesWhatIsNewer_data();
+    void weightedScoreDecidesWhatIsNewer();
     void bodyThatIsNotJsonReadsAsZerosAndTheLatestVersion();
     void serverErrorShowsTheErrorText();
     void refusedConnectionShowsTheErrorTextAfterTheProgressDialog();
@@ -209,6 +212,64 @@ void TestUpdateCheck::zeroTenZeroScoresAsTheCurrentVersion()
     QCOMPARE(check->minor(), 10);
     QCOMPARE(seen.resultMessage, kLatestText);
     QVERIFY(!seen.visitVisible);
+}
+
+// The score of each reply, and whether it is offered: among them replies a
+// plain comparison of the three numbers would judge the other way round.
+void TestUpdateCheck::weightedScoreDecidesWhatIsNewer_data()
+{
+    QTest::addColumn<int>("major");
+    QTest::addColumn<int>("minor");
+    QTest::addColumn<int>("revision");
+    QTest::addColumn<int>("score");
+    QTest::addColumn<bool>("newer");
+    QTest::addColumn<bool>("plainlyNewer");
+    QTest::newRow("0.10.0") << 0 << 10 << 0 << 100 << false << false;
+    QTest::newRow("0.11.0") << 0 << 11 << 0 << 110 << true << false;
+    QTest::newRow("0.9.15") << 0 << 9 << 15 << 105 << true << false;
+    QTest::newRow("0.0.101") << 0 << 0 << 101 << 101 << true << false;
+    QTest::newRow("1.0.0") << 1 << 0 << 0 << 100 << false << false;
+    QTest::newRow("1.0.1") << 1 << 0 << 1 << 101 << true << true;
+    QTest::newRow("1.2.3") << 1 << 2 << 3 << 123 << true << true;
+    QTest::newRow("2.0.0") << 2 << 0 << 0 << 200 << true << true;
+}
+
+void TestUpdateCheck::weightedScoreDecidesWhatIsNewer()
+{
+    QFETCH(int, major);
+    QFETCH(int, minor);
+    QFETCH(int, revision);
+    QFETCH(int, score);
+    QFETCH(bool, newer);
+    QFETCH(bool, plainlyNewer);
+    QCOMPARE(CUpdateCheck::versionScore(major, minor, revision), score);
+    QCOMPARE(CUpdateCheck::currentScore(), 100);
+    // The rows where the two rules part are the point of this table.
+    const bool plain = std::make_tuple(major, minor, revision) > std::make_tuple(1, 0, 0);
+    QCOMPARE(plain, plainlyNewer);
+
+    HttpsServer server(m_certificate, m_key);
+    server.answer(200, QStringLiteral(R"({"major":%1,"minor":%2,"revision":%3,)"
+                                      R"("url_linux_dsp":"dl.test/v"})")
+                           .arg(major)
+                           .arg(minor)
+                           .arg(revision)
+                           .toUtf8());
+    CUpdateCheck *check = nullptr;
+    const Seen seen = runCheck(server.baseAddress(), true, &check);
+    QVERIFY(seen.resultShown);
+    QCOMPARE(check->remoteScore(), score);
+    QCOMPARE(check->isNewerVersion(), newer);
+    QCOMPARE(seen.visitVisible, newer);
+    if (newer) {
+        QVERIFY2(seen.resultMessage.contains(QStringLiteral("the latest version is v%1.%2.%3.")
+                                                 .arg(major)
+                                                 .arg(minor)
+                                                 .arg(revision)),
+                 qPrintable(seen.resultMessage));
+    } else {
+        QCOMPARE(seen.resultMessage, kLatestText);
+    }
 }
 
 void TestUpdateCheck::bodyThatIsNotJsonReadsAsZerosAndTheLatestVersion()

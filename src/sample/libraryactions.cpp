@@ -1,0 +1,61 @@
+#include "sample/libraryactions.h"
+
+#include "app/appcontext.h"
+#include "app/tablemessages.h"
+#include "library/dlglibcolourtableadd.h"
+#include "library/libcolourtabledlg.h"
+#include "sample/libraryselector.h"
+
+#include <QMessageBox>
+
+CLibraryActions::CLibraryActions(CAppSettings *settings, CLibrarySelector *library,
+                                 QWidget *dialogParent)
+    : QObject(dialogParent), m_settings(settings), m_library(library), m_parent(dialogParent)
+{
+}
+
+void CLibraryActions::maintain()
+{
+    if (execMaintenance())
+        emit libraryChanged();
+}
+
+// Whatever way the dialog was closed, it reports whether any table was
+// made, changed, copied, renamed, deleted or imported.
+bool CLibraryActions::execMaintenance()
+{
+    if (!m_settings)
+        return false;
+    CLibColourTableDlg dialog(m_settings, m_parent);
+    connect(&dialog, &CLibColourTableDlg::displayHelpSignal, this,
+            &CLibraryActions::helpRequested);
+    dialog.exec();
+    return dialog.libraryChanged();
+}
+
+void CLibraryActions::addSample(const RgbColour &sample, bool present)
+{
+    if (!present) {
+        QMessageBox::critical(m_parent, AppContext::productName(),
+                              tr("Please  first match the colour ...."), QMessageBox::Ok);
+        return;
+    }
+    const CLibColourTable &table = m_library->table();
+    CDlgLibColourTableAdd dialog(m_parent, table.filePath(), &table, sample, m_settings);
+    connect(&dialog, &CDlgLibColourTableAdd::displayHelpSignal, this,
+            &CLibraryActions::helpRequested);
+    if (dialog.exec() == QDialog::Accepted)
+        addEntry(dialog.name(), sample);
+}
+
+bool CLibraryActions::addEntry(const QString &name, const RgbColour &colour)
+{
+    CLibColourTable &table = m_library->table();
+    auto *entry = new CColourTableEntry(name, colour.red, colour.green, colour.blue);
+    table.add(entry);
+    if (CTableMessages::save(m_parent, table, table.filePath(), true))
+        return true;
+    table.removeAt(table.count() - 1);
+    delete entry;
+    return false;
+}
