@@ -7,7 +7,7 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <QUrl>
+#include <iterator>
 
 namespace {
 
@@ -21,6 +21,36 @@ bool isHelp(const QString &word)
 bool isVersion(const QString &word)
 {
     return word == QLatin1String("--version");
+}
+
+// The options QApplication takes for itself (Qt 5.15 with its X11 and
+// Wayland platforms), written with one dash or two: those that stand alone,
+// and those that take the next word (or "=value").
+const char *const kToolkitFlags[] = {"reverse", "widgetcount", "nograb", "dograb", "sync",
+                                     "testability"};
+const char *const kToolkitValued[] = {"platform", "platformpluginpath", "platformtheme",
+                                      "plugin", "qwindowgeometry", "qwindowtitle",
+                                      "qwindowicon", "geometry", "title", "icon", "session",
+                                      "style", "stylesheet", "display", "name", "visual",
+                                      "qmljsdebugger"};
+
+template <std::size_t N>
+bool listed(const char *const (&names)[N], const QString &name)
+{
+    return std::any_of(std::begin(names), std::end(names),
+                       [&name](const char *known) { return name == QLatin1String(known); });
+}
+
+// How many words a toolkit option takes up (0 when it is not one).
+int toolkitOptionWords(const QString &word)
+{
+    QString name = word.mid(word.startsWith(QLatin1String("--")) ? 2 : 1);
+    const int equals = name.indexOf(QLatin1Char('='));
+    if (equals > 0)
+        return listed(kToolkitValued, name.left(equals)) ? 1 : 0;
+    if (listed(kToolkitFlags, name))
+        return 1;
+    return listed(kToolkitValued, name) ? 2 : 0;
 }
 
 } // namespace
@@ -42,19 +72,26 @@ CCommandLine::CCommandLine(const QStringList &arguments)
         return;
     }
     bool optionsEnded = false;
-    for (const QString &word : arguments) {
-        if (!optionsEnded && word == QLatin1String("--")) {
+    for (int i = 0; i < arguments.size() && m_action == Start; ++i) {
+        const QString &word = arguments.at(i);
+        if (optionsEnded || !word.startsWith(QLatin1Char('-')) || word.size() == 1) {
+            takePicture(word);
+        } else if (word == QLatin1String("--")) {
             optionsEnded = true;
-        } else if (!optionsEnded && word.startsWith(QLatin1Char('-')) && word.size() > 1) {
-            refuse(QStringLiteral("unknown option %1").arg(word));
-        } else if (!m_picture.isEmpty()) {
-            refuse(QStringLiteral("one picture at a time"));
+        } else if (const int words = toolkitOptionWords(word)) {
+            i += words - 1;
         } else {
-            m_picture = localPath(word);
+            refuse(QStringLiteral("unknown option %1").arg(word));
         }
-        if (m_action == Refuse)
-            return;
     }
+}
+
+void CCommandLine::takePicture(const QString &word)
+{
+    if (m_picture.isEmpty())
+        m_picture = localPath(word);
+    else
+        refuse(QStringLiteral("one picture at a time"));
 }
 
 void CCommandLine::refuse(const QString &why)

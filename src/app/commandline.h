@@ -5,8 +5,10 @@
 
 // What the program was asked to do on its command line: start (with a
 // picture to open, or none), print its help or its version, or refuse an
-// option it does not know. The arguments come without the program's name and
-// without the toolkit's own options (QApplication removes those).
+// option it does not know. The arguments come without the program's name;
+// the toolkit's own options (-platform xcb, -style fusion...) are let
+// through for QApplication, so that the whole line is checked before the
+// toolkit starts and a refusal needs no display.
 //
 //   vellora [PICTURE]      PICTURE: a path (relative to the current folder)
 //                          or a file:// URL, as file managers pass it
@@ -32,6 +34,7 @@ public:
 
 private:
     void refuse(const QString &why);
+    void takePicture(const QString &word);
     bool takeOption(const QString &word);
     static QString localPath(const QString &word);
 

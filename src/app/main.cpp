@@ -43,18 +43,14 @@ int print(const CCommandLine &line)
 
 int main(int argc, char *argv[])
 {
-    // --help and --version answer before the toolkit starts, so that they
-    // work without a display.
-    const CCommandLine early(rawArguments(argc, argv));
-    if (early.action() == CCommandLine::ShowHelp || early.action() == CCommandLine::ShowVersion)
-        return print(early);
+    // Help, version and refusals answer before the toolkit starts, so that
+    // they work without a display.
+    const CCommandLine line(rawArguments(argc, argv));
+    if (line.action() != CCommandLine::Start)
+        return print(line);
 
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     CApplication application(argc, argv);
-    // The toolkit has taken its own options (-platform, -style...) by now.
-    const CCommandLine line(QCoreApplication::arguments().mid(1));
-    if (line.action() != CCommandLine::Start)
-        return print(line);
     AppContext::setApplicationIdentity();
     AppContext::initResources();
     AppContext::setWidgetPrefix(QStringLiteral(":/resources/widgets/"));

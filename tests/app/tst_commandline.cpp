@@ -76,6 +76,10 @@ void TestCommandLine::picturesBecomeAbsoluteLocalPaths_data()
         << QStringList{"file://" + current + "/Mes%20photos/a%20b.gif"} << "Mes photos/a b.gif";
     QTest::newRow("after --, a name with a dash") << QStringList{"--", "-dash.tif"} << "-dash.tif";
     QTest::newRow("a lone dash is a name") << QStringList{"-"} << "-";
+    QTest::newRow("beside the toolkit's options")
+        << QStringList{"-style", "fusion", "--platform", "xcb", "-reverse", "leaf.png",
+                       "-stylesheet=my.qss", "-display", ":1"}
+        << "leaf.png";
 }
 
 void TestCommandLine::picturesBecomeAbsoluteLocalPaths()
@@ -129,6 +133,8 @@ void TestCommandLine::unknownOptionsAreRefusedInOneLine_data()
     QTest::newRow("after a picture") << QStringList{"a.png", "--zoom=2"}
                                      << "unknown option --zoom=2";
     QTest::newRow("two pictures") << QStringList{"a.png", "b.png"} << "one picture at a time";
+    QTest::newRow("a toolkit name with a value it does not take")
+        << QStringList{"-reverse=yes"} << "unknown option -reverse=yes";
 }
 
 void TestCommandLine::unknownOptionsAreRefusedInOneLine()
@@ -209,8 +215,9 @@ void TestCommandLine::programPrintsHelpAndVersionWithoutADisplay()
 
 void TestCommandLine::programRefusesAnUnknownOptionWithStatusOne()
 {
-    // The toolkit's own options are taken before ours are checked.
-    const Run run = runProgram({"-platform", "offscreen", "--bogus"}, QStringLiteral("offscreen"));
+    // Refused before the toolkit starts: no display is needed, and the
+    // toolkit's own options beside it are no reason to refuse.
+    const Run run = runProgram({"-platform", "offscreen", "--bogus"}, QStringLiteral("no-such-platform"));
     QCOMPARE(run.status, 1);
     QVERIFY(run.out.isEmpty());
     QCOMPARE(run.err.count('\n'), 1);
