@@ -16,7 +16,8 @@ set(CPACK_RESOURCE_FILE_README ${PROJECT_SOURCE_DIR}/README.md)
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# The DEB generator installs under /usr by itself; the source tarball has
+# no prefix.
 
 # vellora_1.0.0_amd64.deb
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

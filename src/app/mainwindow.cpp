@@ -148,7 +148,8 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     connect(helpShortcut, &QShortcut::activated, this, [this]() { displayHelp(); });
     auto *standardKeys = new CStandardKeys(this);
     connect(standardKeys, &CStandardKeys::mainCommand, this, &CMainWindow::processCommand);
-    connect(standardKeys, &CStandardKeys::dataCommand, m_dataPage, &CChartDataWindow::processCommand);
+    connect(standardKeys, &CStandardKeys::dataCommand, m_dataPage,
+            &CChartDataWindow::processCommand);
 }
 
 CMainWindow::~CMainWindow()

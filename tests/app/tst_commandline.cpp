@@ -76,10 +76,9 @@ void TestCommandLine::picturesBecomeAbsoluteLocalPaths_data()
         << QStringList{"file://" + current + "/Mes%20photos/a%20b.gif"} << "Mes photos/a b.gif";
     QTest::newRow("after --, a name with a dash") << QStringList{"--", "-dash.tif"} << "-dash.tif";
     QTest::newRow("a lone dash is a name") << QStringList{"-"} << "-";
-    QTest::newRow("beside the toolkit's options")
-        << QStringList{"-style", "fusion", "--platform", "xcb", "-reverse", "leaf.png",
-                       "-stylesheet=my.qss", "-display", ":1"}
-        << "leaf.png";
+    QTest::newRow("beside the toolkit's options") << QStringList{
+        "-style",   "fusion", "--platform", "xcb", "-reverse", "leaf.png", "-stylesheet=my.qss",
+        "-display", ":1"} << "leaf.png";
 }
 
 void TestCommandLine::picturesBecomeAbsoluteLocalPaths()
@@ -99,14 +98,14 @@ void TestCommandLine::helpAndVersionAnswerWhereverTheyStand_data()
     QTest::newRow("--help") << QStringList{"--help"} << int(CCommandLine::ShowHelp);
     QTest::newRow("-h") << QStringList{"-h"} << int(CCommandLine::ShowHelp);
     QTest::newRow("--version") << QStringList{"--version"} << int(CCommandLine::ShowVersion);
-    QTest::newRow("help after a picture") << QStringList{"a.png", "--help"}
-                                          << int(CCommandLine::ShowHelp);
-    QTest::newRow("help beside an unknown option") << QStringList{"--bogus", "--help"}
-                                                   << int(CCommandLine::ShowHelp);
-    QTest::newRow("help before version") << QStringList{"--version", "--help"}
-                                         << int(CCommandLine::ShowHelp);
-    QTest::newRow("--help after -- is a file") << QStringList{"--", "--help"}
-                                               << int(CCommandLine::Start);
+    QTest::newRow("help after a picture")
+        << QStringList{"a.png", "--help"} << int(CCommandLine::ShowHelp);
+    QTest::newRow("help beside an unknown option")
+        << QStringList{"--bogus", "--help"} << int(CCommandLine::ShowHelp);
+    QTest::newRow("help before version")
+        << QStringList{"--version", "--help"} << int(CCommandLine::ShowHelp);
+    QTest::newRow("--help after -- is a file")
+        << QStringList{"--", "--help"} << int(CCommandLine::Start);
 }
 
 void TestCommandLine::helpAndVersionAnswerWhereverTheyStand()
@@ -130,8 +129,8 @@ void TestCommandLine::unknownOptionsAreRefusedInOneLine_data()
     QTest::addColumn<QString>("named");
     QTest::newRow("double dash") << QStringList{"--bogus"} << "unknown option --bogus";
     QTest::newRow("single dash") << QStringList{"-x"} << "unknown option -x";
-    QTest::newRow("after a picture") << QStringList{"a.png", "--zoom=2"}
-                                     << "unknown option --zoom=2";
+    QTest::newRow("after a picture")
+        << QStringList{"a.png", "--zoom=2"} << "unknown option --zoom=2";
     QTest::newRow("two pictures") << QStringList{"a.png", "b.png"} << "one picture at a time";
     QTest::newRow("a toolkit name with a value it does not take")
         << QStringList{"-reverse=yes"} << "unknown option -reverse=yes";
@@ -200,7 +199,8 @@ void TestCommandLine::programPrintsHelpAndVersionWithoutADisplay_data()
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QString>("expected");
     QTest::newRow("--help") << "--help" << CCommandLine::helpText();
-    QTest::newRow("--version") << "--version" << "Vellora 1.0.0\n";
+    QTest::newRow("--version") << "--version"
+                               << "Vellora 1.0.0\n";
 }
 
 void TestCommandLine::programPrintsHelpAndVersionWithoutADisplay()
@@ -217,7 +217,8 @@ void TestCommandLine::programRefusesAnUnknownOptionWithStatusOne()
 {
     // Refused before the toolkit starts: no display is needed, and the
     // toolkit's own options beside it are no reason to refuse.
-    const Run run = runProgram({"-platform", "offscreen", "--bogus"}, QStringLiteral("no-such-platform"));
+    const Run run =
+        runProgram({"-platform", "offscreen", "--bogus"}, QStringLiteral("no-such-platform"));
     QCOMPARE(run.status, 1);
     QVERIFY(run.out.isEmpty());
     QCOMPARE(run.err.count('\n'), 1);

@@ -67,7 +67,10 @@ private:
     // that has the focus.
     void press(QKeySequence::StandardKey key);
     void press(const QKeySequence &sequence);
-    CChartDataWindow *dataPage() const { return m_window->dataPage(); }
+    CChartDataWindow *dataPage() const
+    {
+        return m_window->dataPage();
+    }
 
     GuiTestFixture m_fixture;
     std::unique_ptr<CMainWindow> m_window;
@@ -117,7 +120,8 @@ void TestStandardKeys::everyStandardKeyIsBoundOnTheWindow_data()
     QTest::addColumn<QKeySequence>("standIn");
     QTest::newRow("Open") << int(QKeySequence::Open) << QKeySequence();
     QTest::newRow("Save") << int(QKeySequence::Save) << QKeySequence();
-    QTest::newRow("SaveAs") << int(QKeySequence::SaveAs) << QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    QTest::newRow("SaveAs") << int(QKeySequence::SaveAs)
+                            << QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
     QTest::newRow("Quit") << int(QKeySequence::Quit) << QKeySequence(Qt::CTRL + Qt::Key_Q);
 }
 
@@ -127,7 +131,8 @@ void TestStandardKeys::everyStandardKeyIsBoundOnTheWindow()
     QFETCH(QKeySequence, standIn);
     const QList<QKeySequence> platform =
         QKeySequence::keyBindings(static_cast<QKeySequence::StandardKey>(key));
-    const QList<QKeySequence> bindings = CStandardKeys::keys(static_cast<QKeySequence::StandardKey>(key));
+    const QList<QKeySequence> bindings =
+        CStandardKeys::keys(static_cast<QKeySequence::StandardKey>(key));
     QVERIFY(!bindings.isEmpty());
     if (platform.isEmpty())
         QCOMPARE(bindings, QList<QKeySequence>{standIn});
@@ -165,9 +170,8 @@ void TestStandardKeys::openKeyRunsOpenImage()
 void TestStandardKeys::altIStillRunsOpenImage()
 {
     QString caption;
-    ModalSequence answers({{QStringLiteral("Cancel"), [&](QWidget *dialog) {
-                                caption = dialog->windowTitle();
-                            }}});
+    ModalSequence answers(
+        {{QStringLiteral("Cancel"), [&](QWidget *dialog) { caption = dialog->windowTitle(); }}});
     press(QKeySequence(Qt::ALT + Qt::Key_I));
     QCOMPARE(answers.answeredCount(), 1);
     QCOMPARE(caption, QStringLiteral("Open Image"));
@@ -237,8 +241,9 @@ void TestStandardKeys::quitKeyAsksAboutChangesAndCancelKeepsTheWindow()
     ModalSequence answers({{QStringLiteral("Cancel"), {}}});
     press(QKeySequence::Quit);
     QCOMPARE(answers.answeredCount(), 1);
-    QCOMPARE(answers.text(0),
-             QStringLiteral("Colour Data has been modified.\nWould you like to save your changes?"));
+    QCOMPARE(
+        answers.text(0),
+        QStringLiteral("Colour Data has been modified.\nWould you like to save your changes?"));
     QVERIFY(m_window->isVisible());
     QVERIFY(dataPage()->isModified());
 }

@@ -72,8 +72,9 @@ void TestStartupSequence::expectOpened(CMainWindow &window, const QString &path,
     QCOMPARE(window.tabWidget()->currentIndex(), 0);
     QCOMPARE(window.settings()->recentFiles, QStringList{path});
     QCOMPARE(window.settings()->workDir, info.canonicalPath());
-    QCOMPARE(window.windowTitle(), info.fileName() + " - " + QDir::toNativeSeparators(info.canonicalPath())
-                                       + " - " + AppContext::versionTitle());
+    QCOMPARE(window.windowTitle(), info.fileName() + " - "
+                                       + QDir::toNativeSeparators(info.canonicalPath()) + " - "
+                                       + AppContext::versionTitle());
 }
 
 void TestStartupSequence::withoutAPictureTheWindowShowsAndTheTipIsOffered()

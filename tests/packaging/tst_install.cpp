@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -155,9 +156,9 @@ void TestInstall::initTestCase()
     m_usr = m_destdir.path() + QStringLiteral("/usr");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("DESTDIR"), m_destdir.path());
-    const Run install = run(QStringLiteral(VELLORA_CMAKE),
-                            {"--install", VELLORA_BUILD_DIR, "--prefix", "/usr"}, QString(),
-                            environment);
+    const Run install =
+        run(QStringLiteral(VELLORA_CMAKE), {"--install", VELLORA_BUILD_DIR, "--prefix", "/usr"},
+            QString(), environment);
     QVERIFY2(install.status == 0, qPrintable(install.out + install.err));
 }
 
@@ -185,8 +186,8 @@ void TestInstall::programsAreExecutableAndDataIsNot()
 {
     for (const QString &file : expectedFiles()) {
         const QFileInfo info(installed(file));
-        const bool program = file.startsWith(QLatin1String("bin/"))
-                             || file == QLatin1String("lib/vellora/vellora");
+        const bool program =
+            file.startsWith(QLatin1String("bin/")) || file == QLatin1String("lib/vellora/vellora");
         QVERIFY2(info.isExecutable() == program, qPrintable(file));
         QVERIFY2(info.permission(QFile::ReadOther), qPrintable(file));
     }
@@ -272,9 +273,10 @@ void TestInstall::desktopEntryValidatesWithoutAWarning()
     const QString entry =
         installed(QStringLiteral("share/applications/%1.desktop").arg(QLatin1String(kAppId)));
     const Run check = run(QStringLiteral("desktop-file-validate"), {entry});
-    QVERIFY2(check.status == 0, qPrintable(check.err + QStringLiteral(
-                                                "(desktop-file-validate comes with desktop-file-utils: "
-                                                "run ./scripts/install-deps.sh)")));
+    QVERIFY2(check.status == 0,
+             qPrintable(check.err
+                        + QStringLiteral("(desktop-file-validate comes with desktop-file-utils: "
+                                         "run ./scripts/install-deps.sh)")));
     // Warnings and hints are printed but do not fail the validator.
     QVERIFY2(check.out.trimmed().isEmpty() && check.err.trimmed().isEmpty(),
              qPrintable(check.out + check.err));
@@ -283,7 +285,8 @@ void TestInstall::desktopEntryValidatesWithoutAWarning()
 void TestInstall::desktopEntryOpensPicturesWithVellora()
 {
     const QStringList lines =
-        readText(installed(QStringLiteral("share/applications/%1.desktop").arg(QLatin1String(kAppId))))
+        readText(
+            installed(QStringLiteral("share/applications/%1.desktop").arg(QLatin1String(kAppId))))
             .split(QLatin1Char('\n'));
     QVERIFY(lines.contains(QStringLiteral("Exec=vellora %f")));
     QVERIFY(lines.contains(QStringLiteral("Icon=") + QLatin1String(kAppId)));
@@ -301,17 +304,20 @@ void TestInstall::metadataValidates()
     const Run check = run(QStringLiteral("appstreamcli"), {"validate", "--no-net", metadata});
     QVERIFY2(check.status == 0,
              qPrintable(check.out + check.err
-                        + QStringLiteral("(appstreamcli comes with appstream: run ./scripts/install-deps.sh)")));
+                        + QStringLiteral(
+                            "(appstreamcli comes with appstream: run ./scripts/install-deps.sh)")));
     // Errors and warnings are lines starting "E:" and "W:"; info is fine.
-    const QRegularExpression problem(QStringLiteral("^[EW]: "), QRegularExpression::MultilineOption);
+    const QRegularExpression problem(QStringLiteral("^[EW]: "),
+                                     QRegularExpression::MultilineOption);
     QVERIFY2(!problem.match(check.out).hasMatch(), qPrintable(check.out));
 }
 
 void TestInstall::metadataNamesTheReleaseTheBinariesAndTheLicence()
 {
-    const QString xml =
-        readText(installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(QLatin1String(kAppId))));
-    QVERIFY(xml.contains(QStringLiteral("<release version=\"%1\" date=\"").arg(AppContext::versionText())));
+    const QString xml = readText(
+        installed(QStringLiteral("share/metainfo/%1.metainfo.xml").arg(QLatin1String(kAppId))));
+    QVERIFY(xml.contains(
+        QStringLiteral("<release version=\"%1\" date=\"").arg(AppContext::versionText())));
     QVERIFY(xml.contains(QStringLiteral("<binary>vellora</binary>")));
     QVERIFY(xml.contains(QStringLiteral("<binary>vellora-cli</binary>")));
     QVERIFY(xml.contains(QStringLiteral("<project_license>GPL-3.0-or-later</project_license>")));
@@ -341,12 +347,17 @@ void TestInstall::helpWindowOpensTheManualFromAReadOnlyCopy()
     QVERIFY(QDir().mkpath(folder));
     for (const QString &name : {AppContext::helpCollectionName(), QStringLiteral("vellora.qch")}) {
         QVERIFY(QFile::copy(installed(QStringLiteral("lib/vellora/") + name), folder + "/" + name));
-        QVERIFY(QFile::setPermissions(folder + "/" + name, QFile::ReadOwner | QFile::ReadGroup
-                                                               | QFile::ReadOther));
+        QVERIFY(QFile::setPermissions(folder + "/" + name,
+                                      QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther));
     }
     const QFile::Permissions readOnlyFolder = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
-                                              | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+                                              | QFile::ExeGroup | QFile::ReadOther
+                                              | QFile::ExeOther;
     QVERIFY(QFile::setPermissions(folder, readOnlyFolder));
+    // Writable again at the end, so that the copy can be removed.
+    const auto restore = qScopeGuard([&folder, readOnlyFolder]() {
+        QFile::setPermissions(folder, readOnlyFolder | QFile::WriteOwner);
+    });
     const QStringList before = snapshot(folder);
 
     CHelpWindow *window = CHelpWindow::showHelp(AppContext::productName(), QString(),
@@ -359,7 +370,6 @@ void TestInstall::helpWindowOpensTheManualFromAReadOnlyCopy()
     CHelpWindow::deleteInstance();
 
     QCOMPARE(snapshot(folder), before);
-    QFile::setPermissions(folder, readOnlyFolder | QFile::WriteOwner);
 }
 
 QTEST_MAIN(TestInstall)

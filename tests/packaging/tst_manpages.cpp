@@ -153,11 +153,13 @@ void TestManPages::everyCliCommandHasItsEntry()
 {
     QFETCH(QString, command);
     // An entry of COMMANDS is a tag line ".B command ..." after ".TP".
-    const QString commands = section(page(QStringLiteral("vellora-cli.1")), QStringLiteral("COMMANDS"));
+    const QString commands =
+        section(page(QStringLiteral("vellora-cli.1")), QStringLiteral("COMMANDS"));
     QVERIFY(!commands.isEmpty());
-    const QRegularExpression tag(QStringLiteral("\\n\\.TP\\n\\.B ") + QRegularExpression::escape(command)
-                                 + QStringLiteral("( |\\n)"));
-    QVERIFY2(tag.match(commands).hasMatch(), qPrintable(command + " has no entry in vellora-cli.1"));
+    const QRegularExpression tag(QStringLiteral("\\n\\.TP\\n\\.B ")
+                                 + QRegularExpression::escape(command) + QStringLiteral("( |\\n)"));
+    QVERIFY2(tag.match(commands).hasMatch(),
+             qPrintable(command + " has no entry in vellora-cli.1"));
 }
 
 void TestManPages::everyCliOptionIsDescribed_data()
@@ -171,13 +173,15 @@ void TestManPages::everyCliOptionIsDescribed()
 {
     QFETCH(QString, option);
     const QString text = page(QStringLiteral("vellora-cli.1"));
-    const QString described = section(text, QStringLiteral("COMMANDS")) + section(text, QStringLiteral("OPTIONS"));
+    const QString described =
+        section(text, QStringLiteral("COMMANDS")) + section(text, QStringLiteral("OPTIONS"));
     QVERIFY2(describes(described, option), qPrintable(option + " is missing from vellora-cli.1"));
 }
 
 void TestManPages::everyExitStatusIsListed()
 {
-    const QString statuses = section(page(QStringLiteral("vellora-cli.1")), QStringLiteral("EXIT STATUS"));
+    const QString statuses =
+        section(page(QStringLiteral("vellora-cli.1")), QStringLiteral("EXIT STATUS"));
     QMap<QString, QString> listed;
     const QRegularExpression entry(QStringLiteral("\\n\\.TP\\n\\.B (\\d+)\\n([^\\n]+)"));
     auto it = entry.globalMatch(statuses);
