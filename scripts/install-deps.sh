@@ -10,7 +10,13 @@ packages=(
   libbenchmark-dev
   openssl
   locales
+  desktop-file-utils appstream
 )
+
+# Making the Debian package (scripts/package.sh) needs a few more.
+if [ "${1:-}" = "--package" ]; then
+  packages+=(dpkg-dev file lintian)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -19,6 +19,13 @@ for size in 48 32 16; do
   render VelloraIcon "$size" "$size" "icons/VelloraIcon${size}x${size}.png"
 done
 
+# The desktop's icon theme (hicolor) for the menu entry, beside the
+# scalable SVG itself (packaging/CMakeLists.txt installs both).
+for size in 16 24 32 48 64 128 256; do
+  render VelloraIcon "$size" "$size" \
+    "../packaging/icons/hicolor/${size}x${size}/apps/com.tessaline.Vellora.png"
+done
+
 # Main toolbar: 56 x 42.
 for name in recent open_img configure exit help about zoom_out zoom_in zoom_actual; do
   render "btn_toolbar_$name" 56 42 "widgets/toolbar/btn_toolbar_$name.png"

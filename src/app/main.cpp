@@ -1,9 +1,12 @@
 #include "app/appcontext.h"
 #include "app/application.h"
+#include "app/commandline.h"
 #include "app/mainwindow.h"
-#include "help/tipdialog.h"
+#include "app/startupsequence.h"
 
 #include <QIcon>
+
+#include <cstdio>
 
 namespace {
 
@@ -18,26 +21,44 @@ QIcon applicationIcon()
     return icon;
 }
 
-// Over the main window, once it is up; the dialog itself checks whether the
-// user still wants it at start-up.
-void offerTipOfTheDay(CMainWindow *parent, const QString &titleBase)
+QStringList rawArguments(int argc, char *argv[])
 {
-    CTipDialog::showAtStartup(parent, titleBase, parent->settings());
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+int print(const CCommandLine &line)
+{
+    std::FILE *stream = line.action() == CCommandLine::Refuse ? stderr : stdout;
+    const QByteArray text = line.message().toLocal8Bit();
+    std::fputs(text.constData(), stream);
+    if (!text.endsWith('\n'))
+        std::fputc('\n', stream);
+    return line.exitStatus();
 }
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    // Help, version and refusals answer before the toolkit starts, so that
+    // they work without a display.
+    const CCommandLine line(rawArguments(argc, argv));
+    if (line.action() != CCommandLine::Start)
+        return print(line);
+
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     CApplication application(argc, argv);
     AppContext::setApplicationIdentity();
     AppContext::initResources();
     AppContext::setWidgetPrefix(QStringLiteral(":/resources/widgets/"));
     QApplication::setWindowIcon(applicationIcon());
+    // Lets the desktop match the window with the menu entry and its icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.tessaline.Vellora"));
 
     CMainWindow mainWindow(AppContext::versionTitle());
-    mainWindow.show();
-    offerTipOfTheDay(&mainWindow, AppContext::productName());
+    CStartupSequence::run(&mainWindow, line.picture());
     return application.exec();
 }

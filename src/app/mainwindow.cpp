@@ -2,8 +2,10 @@
 
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "app/commandmapping.h"
 #include "app/maintoolbar.h"
 #include "app/recentimagesmenu.h"
+#include "app/standardkeys.h"
 #include "config/configdlg.h"
 #include "config/updatecheck.h"
 #include "data/chartdatawindow.h"
@@ -53,6 +55,10 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
     connectPages();
     auto *helpShortcut = new QShortcut(QKeySequence(tr("Alt+H")), this);
     connect(helpShortcut, &QShortcut::activated, this, [this]() { displayHelp(); });
+    auto *standardKeys = new CStandardKeys(this);
+    connect(standardKeys, &CStandardKeys::mainCommand, this, &CMainWindow::processCommand);
+    connect(standardKeys, &CStandardKeys::dataCommand, m_dataPage,
+            &CChartDataWindow::processCommand);
 }
 
 CMainWindow::~CMainWindow()
@@ -169,6 +175,14 @@ void CMainWindow::showOpenedImage()
     m_tabWidget->setCurrentIndex(m_samplingIndex);
     updateTitle();
     refreshRecentFiles();
+}
+
+bool CMainWindow::openImage(const QString &path)
+{
+    if (!m_imageSource->open(CmdOpenImage, path))
+        return false;
+    showOpenedImage();
+    return true;
 }
 
 void CMainWindow::showPastedImage(const QImage &image)

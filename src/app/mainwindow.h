@@ -73,6 +73,9 @@ public slots:
     void clearRecentFilesList();
     void currentTabChanged(int index);
 
+    // Opens path as "Open Image" opens a chosen file (start-up's PICTURE).
+    bool openImage(const QString &path);
+
     // Ctrl+V on the sampling page: shows the clipboard's picture.
     void showPastedImage(const QImage &image);
 
