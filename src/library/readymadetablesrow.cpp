@@ -1,0 +1,28 @@
+#include "library/readymadetablesrow.h"
+
+#include "tables/readymadetables.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+CReadyMadeTablesRow::CReadyMadeTablesRow(QWidget *parent) : QWidget(parent)
+{
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(new QLabel(tr("Ready-made Tables"), this));
+    const QVector<ReadyMadeTable> &tables = CReadyMadeTables::all();
+    for (int index = 0; index < tables.size(); ++index) {
+        // No mnemonic: the letters of the rows above are taken.
+        QString text = tables.at(index).name;
+        auto *button = new QPushButton(text.replace(QLatin1Char('&'), QLatin1String("&&")), this);
+        button->setAutoDefault(false);
+        button->setToolTip(tr("%1 colours, licence %2, from %3")
+                               .arg(CReadyMadeTables::entryCount(tables.at(index)))
+                               .arg(tables.at(index).licence, tables.at(index).source));
+        connect(button, &QPushButton::clicked, this, [this, index]() { emit tableChosen(index); });
+        m_buttons.append(button);
+        row->addWidget(button);
+    }
+    row->addStretch();
+}
