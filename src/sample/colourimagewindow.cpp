@@ -11,6 +11,7 @@
 #include "sample/colourcontextmenu.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/dlgexplainmatch.h"
+#include "sample/findcolourhook.h"
 #include "sample/imagewidget.h"
 #include "sample/libraryselector.h"
 #include "sample/matchresultsview.h"
@@ -228,6 +229,10 @@ void CColourImageWindow::buildMatchSection(QWidget *parent, QVBoxLayout *layout)
     connect(m_library, &CLibrarySelector::tableSelected, this,
             &CColourImageWindow::colourTableComboListChanged);
     libraryRow->addWidget(m_library);
+    auto *findColour = new CFindColourHook(m_library, this, m_settings);
+    connect(findColour, &CFindColourHook::colourChosen, this,
+            [this](const RgbColour &colour) { m_notes->clearSpread(); setSample(colour, false); });
+    connect(findColour, &CFindColourHook::helpRequested, this, &CColourImageWindow::helpRequested);
     libraryRow->addSpacing(8);
     libraryRow->addWidget(addCommandButton(CmdMaintainLibrary, tr("Maintain Colour Library"),
                                            QStringLiteral("sm_toolbar/btn_toolbar_maintain.png"),
