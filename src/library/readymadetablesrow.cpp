@@ -5,12 +5,17 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 CReadyMadeTablesRow::CReadyMadeTablesRow(QWidget *parent) : QWidget(parent)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(new QLabel(tr("Ready-made Tables"), this));
+    // The caption sits above its buttons, so the page keeps the width of
+    // the rows above it.
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(new QLabel(tr("Ready-made Tables"), this));
+    auto *row = new QHBoxLayout;
+    column->addLayout(row);
     const QVector<ReadyMadeTable> &tables = CReadyMadeTables::all();
     for (int index = 0; index < tables.size(); ++index) {
         // No mnemonic: the letters of the rows above are taken.

@@ -6,7 +6,7 @@
 class QPushButton;
 
 // The Import page's row of ready-made tables: the caption "Ready-made
-// Tables" and a button per table compiled into the program. Its owner does
+// Tables" over a button per table compiled into the program. Its owner does
 // the import when a button says which table was chosen.
 class CReadyMadeTablesRow : public QWidget
 {

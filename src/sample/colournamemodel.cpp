@@ -56,7 +56,9 @@ QVariant CColourNameModel::data(const QModelIndex &index, int role) const
     if (!index.isValid() || index.row() >= m_hits.size())
         return QVariant();
     const Entry &entry = m_entries.at(m_hits.at(index.row()));
-    if (role == Qt::BackgroundRole && index.column() == SwatchColumn)
+    // The whole cell, and a square inside it that stays visible on the
+    // selected row.
+    if ((role == Qt::BackgroundRole || role == Qt::DecorationRole) && index.column() == SwatchColumn)
         return QColor(CColourCopyText::hex(entry.colour));
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return QVariant();

@@ -49,7 +49,7 @@ CDlgFindColour::CDlgFindColour(const QString &tableName, const CColourTable &tab
     // Enter in the field takes the row the arrow keys or the list chose.
     connect(m_search, &QLineEdit::returnPressed, this, [this]() { choose(); });
     m_search->installEventFilter(this);
-    resize(560, 480);
+    resize(kSwatchWidth + m_view->horizontalHeader()->length() + 60, 480);
     setTable(tableName, table);
 }
 
@@ -64,12 +64,21 @@ void CDlgFindColour::buildResultsView()
     m_view->verticalHeader()->hide();
     // Fixed row heights keep a list of 31,000 rows as quick as one of ten.
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    const int rowHeight = fontMetrics().height() + 8;
+    m_view->verticalHeader()->setDefaultSectionSize(rowHeight);
+    m_view->setIconSize(QSize(kSwatchWidth - 12, rowHeight - 10));
     QHeaderView *header = m_view->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(CColourNameModel::SwatchColumn, QHeaderView::Fixed);
     header->resizeSection(CColourNameModel::SwatchColumn, kSwatchWidth);
+    // Wide enough for the longest value texts, so they are never cut short.
+    const auto width = [this](const char *text) {
+        return fontMetrics().horizontalAdvance(QLatin1String(text)) + 24;
+    };
     header->resizeSection(CColourNameModel::NameColumn, fontMetrics().averageCharWidth() * 26);
+    header->resizeSection(CColourNameModel::HexColumn, width("#dddddd"));
+    header->resizeSection(CColourNameModel::RgbColumn, width("R:0.00, G:0.00, B:0.00"));
+    header->resizeSection(CColourNameModel::LabColumn, width("L:100.00, a:-99.99, b:-99.99"));
     header->setStretchLastSection(true);
     connect(m_view, &QTableView::activated, this,
             [this](const QModelIndex &index) { choose(index.row()); });

@@ -100,16 +100,21 @@ void TestReadyMadeImport::rowOfThreeButtonsSitsBelowTheOtherRows()
     const QLabel *caption = row->findChild<QLabel *>();
     QVERIFY(caption);
     QCOMPARE(caption->text(), QStringLiteral("Ready-made Tables"));
-    // Below the palette row, which is below the Quillon row.
-    const int paletteBottom = m_page->gimpButton()->mapTo(m_page.get(), QPoint(0, 0)).y()
-                              + m_page->gimpButton()->height();
+    // The caption below the palette row, which is below the Quillon row,
+    // and the buttons in one row under the caption.
+    const auto top = [this](const QWidget *widget) { return widget->mapTo(m_page.get(), QPoint(0, 0)).y(); };
+    QVERIFY(top(m_page->gimpButton()) > top(m_page->quillonButton()));
+    QVERIFY(top(caption) >= top(m_page->gimpButton()) + m_page->gimpButton()->height());
+    QVERIFY(top(row->button(0)) >= top(caption) + caption->height());
     for (int i = 0; i < 3; ++i) {
-        QVERIFY(row->button(i)->mapTo(m_page.get(), QPoint(0, 0)).y() >= paletteBottom);
+        QCOMPARE(top(row->button(i)), top(row->button(0)));
         QVERIFY(row->button(i)->toolTip().contains(QStringLiteral("licence")));
     }
-    QVERIFY(caption->x() < row->button(0)->x());
     QVERIFY(row->button(0)->x() < row->button(1)->x());
     QVERIFY(row->button(1)->x() < row->button(2)->x());
+    // Nothing cut short: every button gets the width its text needs.
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(row->button(i)->width() >= row->button(i)->sizeHint().width());
 }
 
 void TestReadyMadeImport::buttonAsksForTheNamePreFilledAndWritesTheTable_data()

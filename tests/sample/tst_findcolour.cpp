@@ -191,6 +191,9 @@ void TestFindColour::rowsShowSwatchNameAndValues()
     QCOMPARE(model->data(model->index(0, CColourNameModel::SwatchColumn), Qt::BackgroundRole)
                  .value<QColor>(),
              QColor(QStringLiteral("#663300")));
+    QCOMPARE(model->data(model->index(0, CColourNameModel::SwatchColumn), Qt::DecorationRole)
+                 .value<QColor>(),
+             QColor(QStringLiteral("#663300")));
     QCOMPARE(model->data(model->index(0, CColourNameModel::NameColumn), Qt::DisplayRole).toString(),
              QStringLiteral("Café au Lait"));
     QCOMPARE(model->data(model->index(0, CColourNameModel::HexColumn), Qt::DisplayRole).toString(),
