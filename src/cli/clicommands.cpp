@@ -4,6 +4,7 @@
 #include "cli/cliconversioncommands.h"
 #include "cli/cliimportcommand.h"
 #include "cli/clioutput.h"
+#include "cli/clireadymadecommands.h"
 #include "cli/clisamplecommand.h"
 #include "cli/clitablecommands.h"
 #include "version.h"
@@ -61,6 +62,8 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("sample"), CCliSampleCommand::run},
         {QStringLiteral("convert"), CCliConvertCommand::run},
         {QStringLiteral("import-config"), CCliImportCommand::run},
+        {QStringLiteral("tables"), CCliReadyMadeCommands::tables},
+        {QStringLiteral("find"), CCliReadyMadeCommands::find},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -117,6 +120,13 @@ const char kUsage[] =
         "                              library table: print it as it would be\n"
         "                              saved, or write it to the file TABLE\n"
         "                              (an existing file only with --force)\n"
+        "  tables                      list the ready-made colour-name tables\n"
+        "                              (name, entries, licence, source)\n"
+        "  tables --write NAME FILE [--force]\n"
+        "                              write a ready-made table as a library\n"
+        "                              table file (an existing file only with --force)\n"
+        "  find --table FILE TEXT      the entries whose names contain TEXT,\n"
+        "                              ignoring case and accents\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"

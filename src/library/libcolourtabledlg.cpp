@@ -32,6 +32,9 @@ CLibColourTableDlg::CLibColourTableDlg(CAppSettings *settings, QWidget *parent)
             &CLibColourTableDlg::displayHelpSignal);
     connect(m_importTab, &CLibColourTableTabBase::displayHelpSignal, this,
             &CLibColourTableDlg::displayHelpSignal);
+    // An imported table is at once in the Maintenance page's list too.
+    connect(m_importTab, &CLibColourTableTabImport::tableImported, m_generalTab,
+            &CLibColourTableTabGeneral::refill);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs);

@@ -24,12 +24,13 @@ public:
 
 public slots:
     void processButton(int id);
+    // Lists the library folder's tables again (after an import, say).
+    void refill();
 
 private:
     QWidget *buildNewGroup();
     QWidget *buildEditGroup();
     QPushButton *makeButton(int id, const QString &text, QWidget *parent);
-    void refill();
 
     bool newTable();
     bool editTable(const QString &name, const QString &path);

@@ -4,10 +4,12 @@
 #include "app/appsettings.h"
 #include "app/tablemessages.h"
 #include "help/textinputdlg.h"
+#include "library/readymadetablesrow.h"
 #include "palette/paletteimport.h"
 #include "tables/colourlibrary.h"
 #include "tables/libcolourtable.h"
 #include "tables/quillonimport.h"
+#include "tables/readymadetables.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -30,6 +32,11 @@ CLibColourTableTabImport::CLibColourTableTabImport(CAppSettings *settings,
     row->addStretch();
     layout->addLayout(row);
     layout->addLayout(buildPaletteRow());
+    // Our own row, below the others: the free colour-name lists shipped.
+    m_readyMadeRow = new CReadyMadeTablesRow(this);
+    connect(m_readyMadeRow, &CReadyMadeTablesRow::tableChosen, this,
+            &CLibColourTableTabImport::readyMadeImport);
+    layout->addWidget(m_readyMadeRow);
     layout->addStretch();
 }
 
@@ -63,7 +70,31 @@ void CLibColourTableTabImport::QuillonImport()
     if (path.isEmpty())
         return;
     if (import(this, path))
-        setChanged();
+        markImported();
+}
+
+void CLibColourTableTabImport::markImported()
+{
+    setChanged();
+    emit tableImported();
+}
+
+void CLibColourTableTabImport::readyMadeImport(int index)
+{
+    if (importReadyMade(this, index))
+        markImported();
+}
+
+bool CLibColourTableTabImport::importReadyMade(QWidget *parent, int index)
+{
+    if (index < 0 || index >= CReadyMadeTables::all().size())
+        return false;
+    const ReadyMadeTable &source = CReadyMadeTables::all().at(index);
+    CLibColourTable table;
+    // The table keeps the note it was shipped with: source, licence, size.
+    if (!CTableMessages::loadWithMessages(parent, table, source.name, source.resourcePath))
+        return false;
+    return saveImportedTable(parent, source.name, table, true);
 }
 
 void CLibColourTableTabImport::gimpImport()
@@ -90,7 +121,7 @@ void CLibColourTableTabImport::importChosenPalette(const QString &filter,
     if (path.isEmpty())
         return;
     if (importPalette(this, path, format))
-        setChanged();
+        markImported();
 }
 
 bool CLibColourTableTabImport::importPalette(QWidget *parent, const QString &path,
@@ -123,14 +154,14 @@ bool CLibColourTableTabImport::import(QWidget *parent, const QString &path)
     return saveImportedTable(parent, path, table);
 }
 
-bool CLibColourTableTabImport::saveImportedTable(QWidget *parent, const QString &path,
-                                                 CColourTable &table)
+bool CLibColourTableTabImport::saveImportedTable(QWidget *parent, const QString &source,
+                                                 CColourTable &table, bool preFill)
 {
     const QString anchor = QStringLiteral("library.html#libMaintTabB");
     CTextInputDlg input(AppContext::productName() + tr(" - Import Colour Table"), tr("Importing:"),
-                        QDir::toNativeSeparators(path), tr("Save To:"),
+                        preFill ? source : QDir::toNativeSeparators(source), tr("Save To:"),
                         tr("Please enter a name to use for the newly imported colour table."),
-                        parent, anchor);
+                        parent, anchor, preFill);
     connect(&input, &CTextInputDlg::displayHelpSignal, this,
             &CLibColourTableTabImport::displayHelpSignal);
     if (input.exec() != QDialog::Accepted)

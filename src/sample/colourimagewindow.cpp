@@ -3,6 +3,7 @@
 #include "app/appsettings.h"
 #include "colour/pickspread.h"
 #include "sample/colourimagewindowview.h"
+#include "sample/findcolourhook.h"
 #include "sample/imagewidget.h"
 #include "sample/libraryactions.h"
 #include "sample/libraryselector.h"
@@ -67,6 +68,10 @@ void CColourImageWindow::connectPanel()
             &CColourImageWindow::colourPickSizeChanged);
     connect(m_library, &CLibrarySelector::tableSelected, this,
             &CColourImageWindow::colourTableComboListChanged);
+    auto *findColour = new CFindColourHook(m_library, this, m_settings);
+    connect(findColour, &CFindColourHook::colourChosen, this,
+            [this](const RgbColour &colour) { m_notes->clearSpread(); setSample(colour, false); });
+    connect(findColour, &CFindColourHook::helpRequested, this, &CColourImageWindow::helpRequested);
     m_match = new CMatchRunner(m_library, m_results, this);
     connect(m_match, &CMatchRunner::matched, this,
             [this]() { commandButton(CmdAddToLibrary)->setEnabled(true); });
