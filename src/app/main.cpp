@@ -1,6 +1,7 @@
 #include "app/appcontext.h"
 #include "app/application.h"
 #include "app/mainwindow.h"
+#include "app/recoveryoffer.h"
 #include "help/tipdialog.h"
 
 #include <QIcon>
@@ -38,6 +39,7 @@ int main(int argc, char *argv[])
 
     CMainWindow mainWindow(AppContext::versionTitle());
     mainWindow.show();
+    CRecoveryOffer::offerAtStartup(&mainWindow, mainWindow.dataPage());
     offerTipOfTheDay(&mainWindow, AppContext::productName());
     return application.exec();
 }
