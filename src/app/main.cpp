@@ -2,9 +2,11 @@
 #include "app/application.h"
 #include "app/mainwindow.h"
 #include "app/recoveryoffer.h"
+#include "data/chartdatawindow.h"
 #include "help/tipdialog.h"
 
 #include <QIcon>
+#include <QTabWidget>
 
 namespace {
 
@@ -39,7 +41,8 @@ int main(int argc, char *argv[])
 
     CMainWindow mainWindow(AppContext::versionTitle());
     mainWindow.show();
-    CRecoveryOffer::offerAtStartup(&mainWindow, mainWindow.dataPage());
+    if (CRecoveryOffer::offerAtStartup(&mainWindow, mainWindow.dataPage()))
+        mainWindow.tabWidget()->setCurrentWidget(mainWindow.dataPage());
     offerTipOfTheDay(&mainWindow, AppContext::productName());
     return application.exec();
 }

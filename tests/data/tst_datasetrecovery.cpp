@@ -242,7 +242,17 @@ void TestDataSetRecovery::liveInstancesDoNotSeeEachOthersCopy()
     changeAndWaitForCopy(m_window->dataPage());
     QCOMPARE(copies().size(), 2);
     QVERIFY(CDataSetRecovery::leftCopies().isEmpty());
-    // Even past the age at which a lock would count as stale by default.
+    // Even past the age at which a lock would count as stale by default:
+    // only a process that is gone frees a copy.
+    const QStringList locks =
+        QDir(CDataSetRecovery::folder()).entryList({QStringLiteral("*.lock")}, QDir::Files);
+    QCOMPARE(locks.size(), 2);
+    for (const QString &name : locks) {
+        QFile lock(QDir(CDataSetRecovery::folder()).filePath(name));
+        QVERIFY(lock.open(QIODevice::ReadOnly));
+        QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
+                                 QFileDevice::FileModificationTime));
+    }
     {
         ModalAnswerer unexpected(QStringLiteral("No"), ModalAnswerer::Action(), 300);
         QVERIFY(!CRecoveryOffer::offerAtStartup(m_window.get(), m_window->dataPage()));
