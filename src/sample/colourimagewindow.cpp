@@ -6,6 +6,7 @@
 #include "colour/colourprofile.h"
 #include "colour/pickspread.h"
 #include "library/dlglibcolourtableadd.h"
+#include "library/librarywritemessages.h"
 #include "library/libcolourtabledlg.h"
 #include "palette/colourcopytext.h"
 #include "sample/colourcontextmenu.h"
@@ -650,18 +651,13 @@ void CColourImageWindow::addSampleToLibrary()
         addEntryToLibraryTable(dialog.name());
 }
 
-// The table writes itself back to its file at once. When that fails the
-// entry is taken out again, so that the table shown matches its file.
+// The table writes itself back to its file at once, onto any change another
+// window made meanwhile. When that fails the table shown matches its file.
 bool CColourImageWindow::addEntryToLibraryTable(const QString &name)
 {
-    CLibColourTable &table = m_library->table();
-    auto *entry = new CColourTableEntry(name, m_sample.red, m_sample.green, m_sample.blue);
-    table.add(entry);
-    if (CTableMessages::save(this, table, table.filePath(), true))
-        return true;
-    table.removeAt(table.count() - 1);
-    delete entry;
-    return false;
+    return CLibraryWriteMessages::addEntry(
+        this, m_library->table(),
+        CColourTableEntry(name, m_sample.red, m_sample.green, m_sample.blue));
 }
 
 // ---- Reset -------------------------------------------------------------------
