@@ -22,8 +22,9 @@ class CDataSetRecovery : public QObject
     Q_OBJECT
 
 public:
-    // The longest a change waits for its copy.
-    static const int kDelayMs = 500;
+    // The longest a change waits for its copy to be started. Well under the
+    // second promised, as a busy disk can hold up the write itself.
+    static const int kDelayMs = 300;
 
     explicit CDataSetRecovery(CDataModel *model, QObject *parent = nullptr);
     ~CDataSetRecovery() override;

@@ -7,10 +7,11 @@
 
 CTableFingerprint CTableFingerprint::ofFile(const QString &path)
 {
+    // Something that exists but cannot be read (a folder, a file without
+    // read permission) still exists: only its bytes are unknown.
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return CTableFingerprint();
-    return ofContent(path, file.readAll());
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return ofContent(path, bytes);
 }
 
 CTableFingerprint CTableFingerprint::ofContent(const QString &path, const QByteArray &bytes)

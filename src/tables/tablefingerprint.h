@@ -10,7 +10,8 @@
 class CTableFingerprint
 {
 public:
-    // Reads path now; a missing file has the fingerprint of "no file".
+    // Reads path now; a missing file has the fingerprint of "no file", one
+    // that cannot be read that of an empty file of its size and time.
     static CTableFingerprint ofFile(const QString &path);
     // The file at path as stat reports it now, with bytes as its content
     // (what a reader just read).
