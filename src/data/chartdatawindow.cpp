@@ -6,6 +6,8 @@
 #include "data/chartdatatabcontainer.h"
 #include "data/datagrid.h"
 #include "data/datamodel.h"
+#include "data/datasethistory.h"
+#include "data/datasetrecovery.h"
 #include "data/datasetexport.h"
 #include "data/dlgdatacolouradd.h"
 
@@ -45,6 +47,9 @@ CChartDataWindow::CChartDataWindow(CAppSettings *settings, QWidget *parent)
     connect(m_model, &CDataModel::titleChanged, this, &CChartDataWindow::titleChanged);
     connect(m_container->grid(), &CDataGrid::exportRequested, this,
             &CChartDataWindow::exportDataSet);
+    m_history = new CDataSetHistory(m_model, this);
+    m_recovery = new CDataSetRecovery(m_model, this);
+    connect(m_history, &CDataSetHistory::changed, m_recovery, &CDataSetRecovery::scheduleWrite);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -54,6 +59,9 @@ CChartDataWindow::CChartDataWindow(CAppSettings *settings, QWidget *parent)
 
 CChartDataWindow::~CChartDataWindow()
 {
+    // A page closed normally leaves no recovery copy behind.
+    delete m_recovery;
+    m_recovery = nullptr;
     // The grid goes before the table it shows.
     delete m_container;
     m_container = nullptr;
@@ -156,7 +164,7 @@ void CChartDataWindow::processCommand(int action)
     switch (action) {
     case CmdNewData:
         if (maybeSave()) {
-            newDataSet();
+            newDataSetWithHistory();
             m_model->setModified(false);
         }
         break;
@@ -193,6 +201,13 @@ bool CChartDataWindow::maybeSave()
         return true;
     }
     return answer == QMessageBox::No;
+}
+
+void CChartDataWindow::newDataSetWithHistory()
+{
+    const CDataSetSnapshot before = CDataSetSnapshot::capture(m_table);
+    newDataSet();
+    m_history->recordReplace(tr("New"), before);
 }
 
 void CChartDataWindow::newDataSet()
@@ -253,6 +268,7 @@ bool CChartDataWindow::open()
 
 bool CChartDataWindow::openFile(const QString &path)
 {
+    const CDataSetSnapshot before = CDataSetSnapshot::capture(m_table);
     if (QFileInfo::exists(path)) {
         m_table.clear();
         rememberDataFolder(path);
@@ -261,8 +277,17 @@ bool CChartDataWindow::openFile(const QString &path)
     m_model->setTable(&m_table);
     if (result.status == CColourTable::Loaded)
         m_table.setUntitled(false);
+    m_history->recordReplace(tr("Open \"%1\"").arg(QFileInfo(path).fileName()), before);
     emit titleChanged();
     return CTableMessages::reportDataTableLoad(this, result, path);
+}
+
+void CChartDataWindow::showRecovered(const CDataSetSnapshot &dataSet)
+{
+    m_model->resetTo(dataSet);
+    m_model->setModified(true);
+    // This page keeps the copy from now on.
+    m_recovery->writeNow();
 }
 
 bool CChartDataWindow::addColour(double red, double green, double blue)
@@ -280,12 +305,12 @@ bool CChartDataWindow::addColour(double red, double green, double blue)
     case CDlgDataColourAdd::AddToNew:
         if (!maybeSave())
             return false;
-        newDataSet();
+        newDataSetWithHistory();
         break;
     default:
         break;
     }
-    m_model->appendEntry(new CColourTableEntry(dialog.name(), red, green, blue));
-    m_model->setModified(true);
+    // The history's change marks the set modified.
+    m_history->add({dialog.name(), red, green, blue});
     return true;
 }

@@ -10,6 +10,9 @@ class CAppSettings;
 class CChartDataTabContainer;
 class CDataGrid;
 class CDataModel;
+class CDataSetHistory;
+class CDataSetSnapshot;
+class CDataSetRecovery;
 class QSignalMapper;
 class QToolBar;
 class QToolButton;
@@ -41,6 +44,10 @@ public:
     // failures are reported in message boxes. True when loaded.
     bool openFile(const QString &path);
 
+    // Shows a recovered set: its rows, file and title, marked modified, with
+    // its recovery copy written at once.
+    void showRecovered(const CDataSetSnapshot &dataSet);
+
     // Follows the model's modified flag.
     void showSaveIcon(bool modified);
 
@@ -48,6 +55,9 @@ public:
     CDataColourTable *dataTable() { return &m_table; }
     CDataModel *model() const { return m_model; }
     CDataGrid *grid() const;
+    // The undo history of the set, and the keeper of its recovery copy.
+    CDataSetHistory *history() const { return m_history; }
+    CDataSetRecovery *recovery() const { return m_recovery; }
     CChartDataTabContainer *tabContainer() const { return m_container; }
     QToolBar *pageToolBar() const { return m_toolBar; }
     QToolButton *commandButton(int id) const;
@@ -68,6 +78,7 @@ private:
     QToolButton *addCommandButton(int id, const QString &toolTip, const QIcon &icon,
                                   QWidget *parent);
     void newDataSet();
+    void newDataSetWithHistory();
     bool open();
     bool save();
     bool saveAs();
@@ -80,6 +91,8 @@ private:
     QSignalMapper *m_mapper = nullptr;
     CDataColourTable m_table;
     CDataModel *m_model = nullptr;
+    CDataSetHistory *m_history = nullptr;
+    CDataSetRecovery *m_recovery = nullptr;
     CChartDataTabContainer *m_container = nullptr;
     QToolBar *m_toolBar = nullptr;
     QToolButton *m_newButton = nullptr;

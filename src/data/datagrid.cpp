@@ -9,6 +9,7 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QTableView>
+#include <QUndoStack>
 #include <QVBoxLayout>
 
 CDataGrid::CDataGrid(const CAppSettings *settings, CDataColourTable *table, QWidget *parent)
@@ -47,7 +48,24 @@ CColourContextMenu *CDataGrid::buildContextMenu(int row)
     }
     QAction *exportAction = menu->addAction(tr("Export Data Set\u2026"));
     connect(exportAction, &QAction::triggered, this, &CDataGrid::exportRequested);
+    addHistoryActions(menu);
     return menu;
+}
+
+void CDataGrid::addHistoryActions(CColourContextMenu *menu)
+{
+    QUndoStack *stack = m_model->undoStack();
+    if (!stack || (!stack->canUndo() && !stack->canRedo()))
+        return;
+    menu->addSeparator();
+    if (stack->canUndo()) {
+        QAction *undo = menu->addAction(tr("Undo %1").arg(stack->undoText()));
+        connect(undo, &QAction::triggered, stack, &QUndoStack::undo);
+    }
+    if (stack->canRedo()) {
+        QAction *redo = menu->addAction(tr("Redo %1").arg(stack->redoText()));
+        connect(redo, &QAction::triggered, stack, &QUndoStack::redo);
+    }
 }
 
 void CDataGrid::showContextMenu(const QPoint &pos)

@@ -29,7 +29,8 @@ public:
     int narrowColumnWidth() const;
 
     // The grid's pop-up menu: the hex and the name of the colour in row
-    // (none for a row that does not exist), then "Export Data Set…".
+    // (none for a row that does not exist), then "Export Data Set…", then
+    // "Undo <change>" and "Redo <change>" when the model's history has one.
     CColourContextMenu *buildContextMenu(int row);
 
 signals:
@@ -38,6 +39,7 @@ signals:
 
 private:
     void setUpColumns();
+    void addHistoryActions(CColourContextMenu *menu);
     void showContextMenu(const QPoint &pos);
 
     QTableView *m_view = nullptr;

@@ -3,8 +3,12 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
+#include "data/datasetcommand.h"
 #include "help/textinputdlg.h"
 #include "tables/datacolourtable.h"
+#include "tables/datasetsnapshot.h"
+
+#include <QUndoStack>
 
 namespace {
 
@@ -146,6 +150,10 @@ void CDataModel::editRecord(const QModelIndex &index)
     // only to its window).
     if (!isDataRow(index) || m_table->at(index.row()) != entry)
         return;
+    if (m_undoStack) {
+        m_undoStack->push(CDataSetCommand::rename(this, index.row(), dialog.text()));
+        return;
+    }
     entry->name = dialog.text();
     setModified(true);
 }
@@ -155,8 +163,43 @@ void CDataModel::deleteRecord(const QModelIndex &index)
     if (!isDataRow(index))
         return;
     const int row = index.row();
-    beginRemoveRows(QModelIndex(), row, row);
-    m_table->takeAt(row);
-    endRemoveRows();
+    if (m_undoStack) {
+        m_undoStack->push(CDataSetCommand::remove(this, row));
+        return;
+    }
+    takeEntryAt(row);
     setModified(true);
+}
+
+void CDataModel::insertEntryAt(int row, CColourTableEntry *entry)
+{
+    row = qBound(0, row, rowCount());
+    beginInsertRows(QModelIndex(), row, row);
+    m_table->insertAt(row, entry);
+    endInsertRows();
+}
+
+std::unique_ptr<CColourTableEntry> CDataModel::takeEntryAt(int row)
+{
+    if (row < 0 || row >= rowCount())
+        return nullptr;
+    beginRemoveRows(QModelIndex(), row, row);
+    std::unique_ptr<CColourTableEntry> entry = m_table->takeAt(row);
+    endRemoveRows();
+    return entry;
+}
+
+void CDataModel::renameEntry(int row, const QString &name)
+{
+    if (row < 0 || row >= rowCount())
+        return;
+    m_table->at(row)->name = name;
+    emit dataChanged(index(row, ColName), index(row, ColName));
+}
+
+void CDataModel::resetTo(const CDataSetSnapshot &snapshot)
+{
+    beginResetModel();
+    snapshot.restoreInto(*m_table);
+    endResetModel();
 }

@@ -3,9 +3,13 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 
+#include <memory>
+
 class CAppSettings;
 class CColourTableEntry;
 class CDataColourTable;
+class CDataSetSnapshot;
+class QUndoStack;
 
 // The data set as a table: swatch, name, RGB, L*a*b*, and the states of the
 // rename and delete buttons drawn by CDataGridDelegate. Read-only for views:
@@ -52,6 +56,18 @@ public:
     // Appends an entry to the data set (the table takes it) as a new row.
     void appendEntry(CColourTableEntry *entry);
 
+    // With a history, deleting and renaming a row go through it as undoable
+    // changes; without one they happen directly. Not owned.
+    void setUndoStack(QUndoStack *stack) { m_undoStack = stack; }
+    QUndoStack *undoStack() const { return m_undoStack; }
+
+    // The single steps the history replays, each announced to the views
+    // (no modified flag: the caller sets it).
+    void insertEntryAt(int row, CColourTableEntry *entry);
+    std::unique_ptr<CColourTableEntry> takeEntryAt(int row);
+    void renameEntry(int row, const QString &name);
+    void resetTo(const CDataSetSnapshot &snapshot);
+
     bool isModified() const { return m_modified; }
     // Stores the flag, announces it (the page swaps its Save icon), repaints
     // every row and asks for the window title to be recomposed.
@@ -76,6 +92,7 @@ private:
     const CAppSettings *m_settings = nullptr;
     QWidget *m_dialogParent = nullptr;
     CDataColourTable *m_table = nullptr;
+    QUndoStack *m_undoStack = nullptr;
     QStringList m_headers;
     bool m_modified = false;
 };

@@ -2,6 +2,7 @@
 
 #include "app/appcontext.h"
 #include "app/tablemessages.h"
+#include "library/librarywritemessages.h"
 #include "colour/colourformat.h"
 #include "help/textinputdlg.h"
 #include "library/libdialogrows.h"
@@ -206,7 +207,12 @@ void CDlgEditTable::accept()
     if (m_changed) {
         m_table->sort();
         // A failed write has been reported; the dialog closes all the same.
-        CTableMessages::save(this, *m_table, m_tablePath, true);
+        // Only a "No" to overwriting another window's change keeps it open.
+        if (CLibraryWriteMessages::saveEdited(this, *m_table, m_tablePath, m_tableName)
+            == CLibraryWriteMessages::KeepOpen) {
+            fillGrid();
+            return;
+        }
     }
     QDialog::accept();
 }

@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/tablemessages.h"
+#include "library/librarywritemessages.h"
 #include "help/qgroupboxbold.h"
 #include "help/textinputdlg.h"
 #include "library/dlgedittable.h"
@@ -135,7 +136,7 @@ bool CLibColourTableTabGeneral::newTable()
         return false;
     }
     CLibColourTable table;
-    if (!CTableMessages::save(this, table, path, false))
+    if (!CLibraryWriteMessages::saveNew(this, table, path))
         return false;
     QMessageBox::information(this, AppContext::productName(),
                              tr("Added new colour table:\"%1\".").arg(name), QMessageBox::Ok);

@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/tablemessages.h"
+#include "library/librarywritemessages.h"
 #include "help/textinputdlg.h"
 #include "library/readymadetablesrow.h"
 #include "palette/paletteimport.h"
@@ -173,5 +174,5 @@ bool CLibColourTableTabImport::saveImportedTable(QWidget *parent, const QString 
         CTableMessages::showWriteError(parent, tablePath);
         return false;
     }
-    return CTableMessages::save(parent, table, tablePath, false);
+    return CLibraryWriteMessages::saveNew(parent, table, tablePath);
 }

@@ -1,8 +1,8 @@
 #include "sample/libraryactions.h"
 
 #include "app/appcontext.h"
-#include "app/tablemessages.h"
 #include "library/dlglibcolourtableadd.h"
+#include "library/librarywritemessages.h"
 #include "library/libcolourtabledlg.h"
 #include "sample/libraryselector.h"
 
@@ -50,12 +50,9 @@ void CLibraryActions::addSample(const RgbColour &sample, bool present)
 
 bool CLibraryActions::addEntry(const QString &name, const RgbColour &colour)
 {
-    CLibColourTable &table = m_library->table();
-    auto *entry = new CColourTableEntry(name, colour.red, colour.green, colour.blue);
-    table.add(entry);
-    if (CTableMessages::save(m_parent, table, table.filePath(), true))
-        return true;
-    table.removeAt(table.count() - 1);
-    delete entry;
-    return false;
+    // Written onto any change another window made meanwhile; when the write
+    // fails the table shown matches its file.
+    return CLibraryWriteMessages::addEntry(
+        m_parent, m_library->table(),
+        CColourTableEntry(name, colour.red, colour.green, colour.blue));
 }

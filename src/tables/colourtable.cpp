@@ -155,6 +155,7 @@ CColourTable::LoadResult CColourTable::load(const QString &path)
     clear();
     m_filePath = path;
     const QByteArray bytes = file.readAll();
+    m_fingerprint = CTableFingerprint::ofContent(path, bytes);
     const char *pos = bytes.constData();
     const char *end = pos + bytes.size();
     int lineNumber = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tables/colourtableentry.h"
+#include "tables/tablefingerprint.h"
 
 #include <QByteArray>
 #include <QList>
@@ -64,6 +65,10 @@ public:
 
     QString filePath() const { return m_filePath; }
     void setFilePath(const QString &path) { m_filePath = path; }
+    // The file as load() last read it (or a guarded write last wrote it):
+    // a later write can tell whether someone else changed it meanwhile.
+    const CTableFingerprint &fingerprint() const { return m_fingerprint; }
+    void setFingerprint(const CTableFingerprint &print) { m_fingerprint = print; }
     QString header() const { return m_header; }
     void setHeader(const QString &header) { m_header = header; }
     // The entries in order; the table keeps owning them.
@@ -77,5 +82,6 @@ protected:
 
     QString m_filePath;
     QString m_header;
+    CTableFingerprint m_fingerprint;
     std::vector<std::unique_ptr<CColourTableEntry>> m_entries;
 };

@@ -31,6 +31,16 @@ bool CDataColourTable::removeAt(int index)
     return CColourTable::removeAt(index);
 }
 
+void CDataColourTable::insertAt(int index, CColourTableEntry *entry)
+{
+    index = std::max(0, std::min(index, count()));
+    if (index <= m_markerA.size())
+        m_markerA.insert(index, 0);
+    if (index <= m_markerB.size())
+        m_markerB.insert(index, 0);
+    m_entries.emplace(m_entries.begin() + index, entry);
+}
+
 // Markers are reset rather than moved with their entries.
 void CDataColourTable::sort()
 {

@@ -49,6 +49,8 @@ private slots:
     void deleteOutsideTheTableDoesNothing();
     void failedWriteOnOkKeepsTheOldFileShowsTheErrorAndStillAccepts();
     void helpButtonAsksForTheEditPage();
+    void okOntoATableChangedOnDiskAsksNamingItAndNoKeepsTheDialogAndWritesNothing();
+    void okOntoATableChangedOnDiskAndYesOverwritesTheChange();
 
 private:
     // Writes content as Greens.clrtable, loads it and sorts it as the
@@ -387,6 +389,38 @@ void TestDlgEditTable::failedWriteOnOkKeepsTheOldFileShowsTheErrorAndStillAccept
     QCOMPARE(fileBytes(), content);
     QCOMPARE(QDir(m_home->home()).entryList({"Greens*"}, QDir::Files | QDir::Hidden),
              QStringList({"Greens.clrtable"}));
+}
+
+void TestDlgEditTable::okOntoATableChangedOnDiskAsksNamingItAndNoKeepsTheDialogAndWritesNothing()
+{
+    QVERIFY(openOn(kGreens));
+    typeAtNoteEnd(QStringLiteral(" and south"));
+    const QByteArray theirs = kGreens + "0.3, 0.6, 0.3, Fern\n";
+    QVERIFY(FixtureFile::write(m_path, theirs));
+    ModalAnswerer answer(QStringLiteral("No"));
+    QTest::mouseClick(m_dialog->okButton(), Qt::LeftButton);
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(answer.title(), QStringLiteral("Vellora"));
+    QVERIFY2(answer.text().contains(QStringLiteral("\"Greens\"")), qPrintable(answer.text()));
+    QVERIFY2(answer.text().contains(QStringLiteral("Overwrite that change")),
+             qPrintable(answer.text()));
+    QVERIFY(m_dialog->isVisible());
+    QCOMPARE(m_dialog->result(), 0);
+    QCOMPARE(fileBytes(), theirs);
+    QCOMPARE(gridNames(), QStringList({"forest", "Lime", "moss"}));
+}
+
+void TestDlgEditTable::okOntoATableChangedOnDiskAndYesOverwritesTheChange()
+{
+    QVERIFY(openOn(kGreens));
+    typeAtNoteEnd(QStringLiteral(" and south"));
+    QVERIFY(FixtureFile::write(m_path, kGreens + "0.3, 0.6, 0.3, Fern\n"));
+    ModalAnswerer answer(QStringLiteral("Yes"));
+    QTest::mouseClick(m_dialog->okButton(), Qt::LeftButton);
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
+    QVERIFY(fileBytes().startsWith("#Greens of the north and south\n"));
+    QVERIFY(!fileBytes().contains("Fern"));
 }
 
 void TestDlgEditTable::helpButtonAsksForTheEditPage()

@@ -51,6 +51,8 @@ private slots:
     void addColourCancelledWritesNothing();
     void addColourThatCannotBeWrittenKeepsTheOldFile();
     void addColourHelpGoesToTheMainWindow();
+    void addColourAfterAnEditInATextEditorKeepsBothColours();
+    void addColourOfANameAnotherWriterAddedMeanwhileIsRefused();
 
 private:
     std::unique_ptr<CMainWindow> openWindow(const QString &selected);
@@ -271,6 +273,43 @@ void TestLibraryCommands::addColourThatCannotBeWrittenKeepsTheOldFile()
     QCOMPARE(window->samplingPage()->libraryTable().count(), 60);
     QCOMPARE(QDir(m_library).entryList(QDir::Files | QDir::Hidden),
              QStringList({"Base.clrtable"}));
+}
+
+void TestLibraryCommands::addColourAfterAnEditInATextEditorKeepsBothColours()
+{
+    auto window = openWindow(QStringLiteral("Base.clrtable"));
+    QVERIFY(window);
+    pickOrange(*window);
+    window->samplingPage()->commandButton(CmdMatchColour)->click();
+    // Someone edits the table in a text editor after the page loaded it.
+    const QByteArray edited = kBase + "0.0000, 1.0000, 0.0000, Green from the editor\n";
+    QVERIFY(FixtureFile::write(lib(QStringLiteral("Base.clrtable")), edited));
+    ModalAnswerer answer(QStringLiteral("OK"), DialogActions::typeText(QStringLiteral("Orange")));
+    window->samplingPage()->commandButton(CmdAddToLibrary)->click();
+    QVERIFY(answer.wasAnswered());
+    QCOMPARE(FixtureFile::read(lib(QStringLiteral("Base.clrtable"))),
+             edited + "1.0000, 0.5020, 0.0000, Orange\n");
+    QCOMPARE(window->samplingPage()->libraryTable().count(), 4);
+    QCOMPARE(window->samplingPage()->libraryTable().at(2)->name,
+             QStringLiteral("Green from the editor"));
+}
+
+void TestLibraryCommands::addColourOfANameAnotherWriterAddedMeanwhileIsRefused()
+{
+    auto window = openWindow(QStringLiteral("Base.clrtable"));
+    QVERIFY(window);
+    pickOrange(*window);
+    window->samplingPage()->commandButton(CmdMatchColour)->click();
+    const QByteArray theirs = kBase + "1.0000, 0.6000, 0.0000, Orange\n";
+    QVERIFY(FixtureFile::write(lib(QStringLiteral("Base.clrtable")), theirs));
+    ModalSequence answers({Step{"OK", DialogActions::typeText(QStringLiteral("Orange"))},
+                           Step{"OK", {}}});
+    window->samplingPage()->commandButton(CmdAddToLibrary)->click();
+    QCOMPARE(answers.answeredCount(), 2);
+    QVERIFY2(answers.text(1).contains(QStringLiteral("already contains a colour called")),
+             qPrintable(answers.text(1)));
+    QCOMPARE(FixtureFile::read(lib(QStringLiteral("Base.clrtable"))), theirs);
+    QCOMPARE(window->samplingPage()->libraryTable().count(), 3);
 }
 
 void TestLibraryCommands::addColourHelpGoesToTheMainWindow()

@@ -28,6 +28,8 @@ private slots:
     void removeAtDoesNotDeleteTheEntry();
     void takeAtRemovesFromAllThreeListsAndHandsTheEntryBack();
     void addAfterLoadPutsMarkersOnRowZero();
+    void insertAtPutsTheEntryAndZeroMarkersInPlace();
+    void insertAtClampsTheIndexAndFollowsShortMarkerLists();
     void sortResetsMarkersToZero();
     void sortOrdersEntriesLikeTheBase();
     void clearEmptiesMarkersEntriesPathAndHeader();
@@ -183,6 +185,32 @@ void TestDataColourTable::removeAtDoesNotDeleteTheEntry()
     QVERIFY(table.removeAt(0));
     QCOMPARE(entry->name, QString("Colour 0"));
     delete entry;
+}
+
+void TestDataColourTable::insertAtPutsTheEntryAndZeroMarkersInPlace()
+{
+    CDataColourTable table;
+    addColours(table, 3);
+    table.setMarkerA(1, 4);
+    table.setMarkerB(2, 7);
+    table.insertAt(1, new CColourTableEntry(QStringLiteral("Back"), 0.5, 0.5, 0.5));
+    QCOMPARE(names(table), (QStringList{"Colour 0", "Back", "Colour 1", "Colour 2"}));
+    QCOMPARE(table.markerAList(), (QList<int>{0, 0, 4, 0}));
+    QCOMPARE(table.markerBList(), (QList<int>{0, 0, 0, 7}));
+}
+
+void TestDataColourTable::insertAtClampsTheIndexAndFollowsShortMarkerLists()
+{
+    CDataColourTable table;
+    QCOMPARE(table.load(m_fiveColours).status, int(CColourTable::Loaded));
+    table.insertAt(99, new CColourTableEntry(QStringLiteral("Last"), 0.5, 0.5, 0.5));
+    table.insertAt(-3, new CColourTableEntry(QStringLiteral("First"), 0.5, 0.5, 0.5));
+    QCOMPARE(table.count(), 7);
+    QCOMPARE(table.at(0)->name, QStringLiteral("First"));
+    QCOMPARE(table.at(6)->name, QStringLiteral("Last"));
+    // After a load the marker lists are empty: only the front can take one.
+    QCOMPARE(table.markerAList(), (QList<int>{0}));
+    QCOMPARE(table.markerBList(), (QList<int>{0}));
 }
 
 void TestDataColourTable::addAfterLoadPutsMarkersOnRowZero()
