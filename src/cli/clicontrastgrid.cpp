@@ -2,28 +2,13 @@
 
 #include "cli/cliconvertcommand.h"
 #include "cli/clioutput.h"
+#include "palette/contrastgrid.h"
 #include "colour/wcagcontrast.h"
 #include "palette/palettefile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QStringList>
-
-namespace {
-
-// A name stays in its cell: tabs and line breaks become spaces.
-QString cellText(const QString &name)
-{
-    QString text = name;
-    for (QChar &c : text) {
-        if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r'))
-            c = QLatin1Char(' ');
-    }
-    return text;
-}
-
-} // namespace
 
 CCliStatus CCliContrastGrid::run(const QString &path, bool asJson)
 {
@@ -47,29 +32,20 @@ CCliStatus CCliContrastGrid::run(const QString &path, bool asJson)
 
 QString CCliContrastGrid::tsv(const CPalette &palette)
 {
-    QStringList header{QStringLiteral("colour"), QStringLiteral("name")};
-    for (const PaletteColour &colour : palette.colours)
-        header << CPalette::hex(colour.rgb);
-    QStringList lines{header.join(QLatin1Char('\t'))};
-    for (const PaletteColour &row : palette.colours) {
-        QStringList cells{CPalette::hex(row.rgb), cellText(row.name)};
-        for (const PaletteColour &column : palette.colours)
-            cells << WcagContrast::ratioText(WcagContrast::ratio(row.rgb, column.rgb));
-        lines << cells.join(QLatin1Char('\t'));
-    }
-    return lines.join(QLatin1Char('\n'));
+    return ContrastGrid(palette.colours).tsv();
 }
 
 QByteArray CCliContrastGrid::json(const CPalette &palette)
 {
+    const ContrastGrid grid(palette.colours);
     QJsonArray colours;
     QJsonArray ratios;
-    for (const PaletteColour &row : palette.colours) {
-        colours.append(QJsonObject{{QStringLiteral("hex"), CPalette::hex(row.rgb)},
-                                   {QStringLiteral("name"), row.name}});
+    for (int row = 0; row < grid.size(); ++row) {
+        colours.append(QJsonObject{{QStringLiteral("hex"), CPalette::hex(grid.colour(row).rgb)},
+                                   {QStringLiteral("name"), grid.colour(row).name}});
         QJsonArray cells;
-        for (const PaletteColour &column : palette.colours)
-            cells.append(WcagContrast::truncatedRatio(WcagContrast::ratio(row.rgb, column.rgb)));
+        for (int column = 0; column < grid.size(); ++column)
+            cells.append(WcagContrast::truncatedRatio(grid.ratio(row, column)));
         ratios.append(cells);
     }
     const QJsonObject object{{QStringLiteral("colours"), colours}, {QStringLiteral("ratios"), ratios}};
