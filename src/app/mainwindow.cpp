@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "access/contrasttools.h"
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/commandmapping.h"
@@ -169,6 +170,7 @@ void CMainWindow::connectPages()
     connect(m_samplingPage, &CColourImageWindow::helpRequested, this, &CMainWindow::displayHelp);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
     connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
+    m_contrastTools = new CContrastTools(m_samplingPage, m_dataPage->grid(), this);
 }
 
 void CMainWindow::rememberRecentFile(const QString &path)

@@ -12,6 +12,7 @@
 class CAppSettings;
 class CChartDataWindow;
 class CColourImageWindow;
+class CContrastTools;
 class CHelpWindow;
 class CImageSource;
 class QAction;
@@ -35,6 +36,8 @@ public:
     CAppSettings *settings() const { return m_settings.get(); }
     CColourImageWindow *samplingPage() const { return m_samplingPage; }
     CChartDataWindow *dataPage() const { return m_dataPage; }
+    // "Check Contrast…" and "Contrast Grid…" on the pages' menus.
+    CContrastTools *contrastTools() const { return m_contrastTools; }
     CImageSource *imageSource() const { return m_imageSource; }
     QTabWidget *tabWidget() const { return m_tabWidget; }
     QToolBar *mainToolBar() const { return m_toolBar; }
@@ -108,6 +111,7 @@ private:
     QWidget *m_currentPage = nullptr;
     CColourImageWindow *m_samplingPage = nullptr;
     CChartDataWindow *m_dataPage = nullptr;
+    CContrastTools *m_contrastTools = nullptr;
     QToolBar *m_toolBar = nullptr;
     QToolButton *m_recentButton = nullptr;
     QList<QAction *> m_commandActions;

@@ -81,6 +81,7 @@ void CSamplePanel::showColour(const RgbColour &colour, int rgbFormat)
     setShown(true);
     m_swatch->setStyleSheet(QStringLiteral("background-color:%1;")
                                 .arg(colourName(colour.red, colour.green, colour.blue)));
+    emit colourShown(colour);
 }
 
 void CSamplePanel::showEmpty()
@@ -117,6 +118,7 @@ CColourContextMenu *CSamplePanel::buildSwatchMenu()
         return nullptr;
     auto *menu = new CColourContextMenu(this);
     menu->addSampleActions(m_colour, m_rgbFormat);
+    emit swatchMenuAboutToShow(menu);
     return menu;
 }
 
