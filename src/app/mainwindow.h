@@ -12,6 +12,7 @@
 class CAppSettings;
 class CChartDataWindow;
 class CColourImageWindow;
+class CColourVisionTools;
 class CContrastTools;
 class CHelpWindow;
 class CImageSource;
@@ -38,6 +39,8 @@ public:
     CChartDataWindow *dataPage() const { return m_dataPage; }
     // "Check Contrast…" and "Contrast Grid…" on the pages' menus.
     CContrastTools *contrastTools() const { return m_contrastTools; }
+    // The image view's "Colour Vision" menu and the label under the sample.
+    CColourVisionTools *colourVisionTools() const { return m_colourVisionTools; }
     CImageSource *imageSource() const { return m_imageSource; }
     QTabWidget *tabWidget() const { return m_tabWidget; }
     QToolBar *mainToolBar() const { return m_toolBar; }
@@ -112,6 +115,7 @@ private:
     CColourImageWindow *m_samplingPage = nullptr;
     CChartDataWindow *m_dataPage = nullptr;
     CContrastTools *m_contrastTools = nullptr;
+    CColourVisionTools *m_colourVisionTools = nullptr;
     QToolBar *m_toolBar = nullptr;
     QToolButton *m_recentButton = nullptr;
     QList<QAction *> m_commandActions;

@@ -90,6 +90,12 @@ void CSamplePanel::showEmpty()
     m_swatchFrame->setStyleSheet(QStringLiteral("border:1px transparent"));
     setShown(false);
     m_swatch->setStyleSheet(QStringLiteral("background:transparent;"));
+    emit colourCleared();
+}
+
+void CSamplePanel::addNote(QWidget *note)
+{
+    layout()->addWidget(note);
 }
 
 void CSamplePanel::refreshRgb(const RgbColour &colour, int rgbFormat)

@@ -30,6 +30,9 @@ public:
     // swatchMenuAboutToShow connections add. Null while empty.
     CColourContextMenu *buildSwatchMenu();
     RgbColour colour() const { return m_colour; }
+    // Puts a widget of someone else's under the values (hidden widgets take
+    // no room, so the panel looks as before until it shows).
+    void addNote(QWidget *note);
     bool hasColour() const { return m_hasColour; }
 
     QLabel *caption() const { return m_caption; }
@@ -42,6 +45,8 @@ public:
 signals:
     // A colour is shown: a new pick or average became the sample.
     void colourShown(const RgbColour &colour);
+    // The sample panel was emptied.
+    void colourCleared();
     // The swatch's menu is built: connections may add their own entries.
     void swatchMenuAboutToShow(CColourContextMenu *menu);
 
