@@ -73,11 +73,10 @@ CvdMatrices::Matrix ColourVision::matrixFor(Type type, double severity)
 
 void ColourVision::buildTables()
 {
-    m_products.assign(9, {});
-    for (int v = 0; v < 256; ++v) {
-        const double linear = srgbLinearise(v / 255.0);
+    for (size_t v = 0; v < 256; ++v) {
+        const double linear = srgbLinearise(double(v) / 255.0);
         for (size_t k = 0; k < 9; ++k)
-            m_products[k][size_t(v)] = int32_t(std::lround(m_matrix[k] * linear * kOne));
+            m_products[k * 256 + v] = int32_t(std::lround(m_matrix[k] * linear * kOne));
     }
     m_encode.resize(size_t(kOne) + 1);
     for (int i = 0; i <= kOne; ++i) {
@@ -102,14 +101,17 @@ RgbColour ColourVision::simulate(const RgbColour &colour) const
 
 QRgb ColourVision::simulatePixel(QRgb pixel) const
 {
+    const int32_t *products = m_products.data();
+    const uint8_t *encode = m_encode.data();
     const size_t r = size_t(qRed(pixel));
-    const size_t g = size_t(qGreen(pixel));
-    const size_t b = size_t(qBlue(pixel));
+    const size_t g = 256 + size_t(qGreen(pixel));
+    const size_t b = 512 + size_t(qBlue(pixel));
     const auto channel = [&](size_t row) {
-        const int32_t v = m_products[row][r] + m_products[row + 1][g] + m_products[row + 2][b];
-        return int(m_encode[size_t(std::clamp<int32_t>(v, 0, kOne))]);
+        const int32_t *p = products + row * 256;
+        const int32_t v = p[r] + p[g] + p[b];
+        return uint(encode[v < 0 ? 0 : v > kOne ? kOne : v]);
     };
-    return qRgba(channel(0), channel(3), channel(6), qAlpha(pixel));
+    return (uint(qAlpha(pixel)) << 24) | (channel(0) << 16) | (channel(3) << 8) | channel(6);
 }
 
 void ColourVision::simulatePixels(const QRgb *in, QRgb *out, int count) const
