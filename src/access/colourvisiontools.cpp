@@ -1,6 +1,7 @@
 #include "access/colourvisiontools.h"
 
 #include "app/appsettings.h"
+#include "app/commandid.h"
 #include "palette/palette.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
@@ -9,6 +10,7 @@
 #include "tables/libcolourtable.h"
 
 #include <QActionGroup>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
 
@@ -33,8 +35,7 @@ CColourVisionTools::CColourVisionTools(CAppSettings *settings, CColourImageWindo
     m_label->hide();
     page->samplePanel()->addNote(m_label);
     CImageWidget *widget = page->imageWidget();
-    widget->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(widget, &QWidget::customContextMenuRequested, this, &CColourVisionTools::showMenu);
+    widget->installEventFilter(this);
     connect(page->samplePanel(), &CSamplePanel::colourShown, this, &CColourVisionTools::refreshLabel);
     connect(page->samplePanel(), &CSamplePanel::colourCleared, this,
             &CColourVisionTools::refreshLabel);
@@ -86,6 +87,20 @@ void CColourVisionTools::addChoice(QMenu *menu, const QString &text, ColourVisio
     action->setChecked(current);
     connect(action, &QAction::triggered, this,
             [this, type, severity]() { setVision(type, severity); });
+}
+
+bool CColourVisionTools::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ContextMenu || !m_page || watched != m_page->imageWidget())
+        return QObject::eventFilter(watched, event);
+    // In rubber-band mode the right button's release reads the band: the
+    // menu comes from the keyboard (Menu key, Shift+F10) there, never from
+    // a right click, so that release still reaches the picture.
+    const auto *menuEvent = static_cast<QContextMenuEvent *>(event);
+    if (menuEvent->reason() == QContextMenuEvent::Mouse && m_page->pickMode() == CmdPickRubberBand)
+        return QObject::eventFilter(watched, event);
+    showMenu(menuEvent->pos());
+    return true;
 }
 
 void CColourVisionTools::showMenu(const QPoint &pos)

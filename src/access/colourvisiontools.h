@@ -14,7 +14,8 @@ class QMenu;
 class QPoint;
 
 // The image view's "Colour Vision" setting: a context menu of our own on
-// the picture (normal, the three dichromacies, achromatopsia, and the three
+// the picture (right click in click-pick mode, the keyboard's menu key in
+// either mode) (normal, the three dichromacies, achromatopsia, and the three
 // anomalies with a severity from 0.1 to 1.0), kept in the settings (normal
 // by default, which shows the picture as stored), handed to the image
 // widget that simulates at paint time, and a label of our own under the
@@ -32,6 +33,11 @@ public:
     // The image view's pop-up menu with the choices, the current one checked.
     QMenu *buildMenu(QWidget *parent);
     QLabel *simulatedLabel() const { return m_label; }
+
+protected:
+    // The image widget's context menu events: the menu above, except for a
+    // right click in rubber-band mode (whose release reads the band).
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void showMenu(const QPoint &pos);

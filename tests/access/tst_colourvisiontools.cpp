@@ -13,14 +13,17 @@
 #include "tables/libcolourtable.h"
 
 #include "support/guitestfixture.h"
+#include "support/popupmenuchooser.h"
 #include "support/samplefixture.h"
 #include "support/storedsettings.h"
 #include "support/temphome.h"
 
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
+#include <QToolButton>
 #include <QtTest>
 
 #include <memory>
@@ -69,6 +72,8 @@ private slots:
     void severityOfAnAnomalyIsChosenAndKept();
     void settingIsRememberedAcrossStarts();
     void unknownStoredValueReadsAsNormal();
+    void rightClickOpensTheMenuInClickMode();
+    void rightClickInRubberBandModeLeavesTheBandItsRelease();
 };
 
 void TestColourVisionTools::initTestCase()
@@ -231,6 +236,36 @@ void TestColourVisionTools::unknownStoredValueReadsAsNormal()
     StoredSettings::setValue(QStringLiteral("View/colourVision"), QStringLiteral("x-ray"));
     m_window = std::make_unique<CMainWindow>(AppContext::versionTitle());
     QVERIFY(m_window->colourVisionTools()->vision().isNormal());
+}
+
+void TestColourVisionTools::rightClickOpensTheMenuInClickMode()
+{
+    CColourImageWindow *page = openRedPicture();
+    QVERIFY(page);
+    PopupMenuChooser chooser(QStringLiteral("Colour Vision"));
+    PopupMenuChooser::rightClick(page->imageWidget(), QPoint(5, 5));
+    QVERIFY(chooser.wasShown());
+    QVERIFY2(chooser.entries().contains(QStringLiteral("Colour Vision")),
+             qPrintable(chooser.entries().join('|')));
+}
+
+void TestColourVisionTools::rightClickInRubberBandModeLeavesTheBandItsRelease()
+{
+    CColourImageWindow *page = openRedPicture();
+    QVERIFY(page);
+    page->commandButton(CmdPickRubberBand)->click();
+    {
+        PopupMenuChooser chooser{QString(), 300};
+        PopupMenuChooser::rightClick(page->imageWidget(), QPoint(5, 5));
+        QTest::qWait(100);
+        QVERIFY(!chooser.wasShown());
+    }
+    // From the keyboard the menu still comes.
+    PopupMenuChooser keyboard{QString()};
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                            page->imageWidget()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(page->imageWidget(), &event);
+    QVERIFY(keyboard.wasShown());
 }
 
 QTEST_MAIN(TestColourVisionTools)
