@@ -1,7 +1,8 @@
 // Feeds arbitrary text to the parsers of vellora-cli's number and colour
 // arguments: finite numbers, whole numbers in a range, comma lists, "R,G,B",
-// "RRGGBB" and the sample lines of match -. Whatever they accept must be in
+// "RRGGBB", the sample lines of match - and the pair lines of contrast -. Whatever they accept must be in
 // range; whatever they refuse must come with a message.
+#include "cli/clicontrastline.h"
 #include "cli/climatchbatch.h"
 #include "cli/clinumbers.h"
 
@@ -60,5 +61,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QByteArray sample = CCliMatchBatch::samplePart(bytes);
     check(sample.size() <= bytes.size());
     checkColour(CCliNumbers::anyColour(QString::fromLatin1(sample), &colour), colour);
+    QStringList pair;
+    const bool isPair = CCliContrastLine::pairWords(bytes, &pair);
+    check(isPair == (pair.size() == 2));
+    for (const QString &word : pair) {
+        check(!word.isEmpty() && word.size() <= bytes.size());
+        checkColour(CCliNumbers::anyColour(word, &colour), colour);
+    }
     return 0;
 }

@@ -30,6 +30,8 @@ const char kRgbFormat[] = "Colour/rgbFormat";
 const char kRgbAverage[] = "Colour/rgbAverage";
 const char kRgbDifference[] = "Colour/rgbDifference";
 const char kConvertToSrgb[] = "Colour/convertToSrgb";
+const char kColourVision[] = "View/colourVision";
+const char kColourVisionSeverity[] = "View/colourVisionSeverity";
 const char kShowStartTip[] = "General/showStartTip";
 const char kStartTipIndex[] = "General/startTipIndex";
 const char kMainWindowRect[] = "Layout/mainwindow";
@@ -113,6 +115,8 @@ void CAppSettings::loadPreferences()
     rgbAverage = store->value(kRgbAverage, true).toBool();
     rgbDifference = store->value(kRgbDifference, true).toBool();
     convertToSrgb = store->value(kConvertToSrgb, false).toBool();
+    colourVision = store->value(kColourVision, QStringLiteral("normal")).toString();
+    colourVisionSeverity = store->value(kColourVisionSeverity, 1.0).toDouble();
     showStartTip = store->value(kShowStartTip, true).toBool();
     startTipIndex = store->value(kStartTipIndex, 0).toInt();
 }
@@ -174,6 +178,8 @@ void CAppSettings::savePreferences()
     store->setValue(kRgbAverage, rgbAverage);
     store->setValue(kRgbDifference, rgbDifference);
     store->setValue(kConvertToSrgb, convertToSrgb);
+    store->setValue(kColourVision, colourVision);
+    store->setValue(kColourVisionSeverity, colourVisionSeverity);
     store->setValue(kShowStartTip, showStartTip);
     store->setValue(kStartTipIndex, startTipIndex);
     store->sync();

@@ -62,6 +62,12 @@ public:
     bool rgbDifference = true;
     // Convert images tagged with a colour profile other than sRGB at load.
     bool convertToSrgb = false;
+    // How the image view shows the picture: a colour vision key ("normal",
+    // "deuteranopia", ...; anything unknown reads as normal) and the
+    // severity of the anomalies, 0.1 .. 1.0. Picks always read the stored
+    // pixels.
+    QString colourVision = QStringLiteral("normal");
+    double colourVisionSeverity = 1.0;
     bool showStartTip = true;
     int startTipIndex = 0;
     bool sampleCreated = false;

@@ -1,5 +1,7 @@
 #include "app/mainwindow.h"
 
+#include "access/colourvisiontools.h"
+#include "access/contrasttools.h"
 #include "app/appcontext.h"
 #include "app/appsettings.h"
 #include "app/commandmapping.h"
@@ -83,6 +85,8 @@ void CMainWindow::connectPages()
     connect(m_samplingPage, &CColourImageWindow::helpRequested, this, &CMainWindow::displayHelp);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
     connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
+    m_contrastTools = new CContrastTools(m_samplingPage, m_dataPage->grid(), this);
+    m_colourVisionTools = new CColourVisionTools(m_settings.get(), m_samplingPage, this);
 }
 
 void CMainWindow::rememberRecentFile(const QString &path)

@@ -12,6 +12,8 @@
 class CAppSettings;
 class CChartDataWindow;
 class CColourImageWindow;
+class CColourVisionTools;
+class CContrastTools;
 class CHelpWindow;
 class CImageSource;
 class CMainToolBar;
@@ -36,6 +38,10 @@ public:
     CAppSettings *settings() const { return m_settings.get(); }
     CColourImageWindow *samplingPage() const { return m_samplingPage; }
     CChartDataWindow *dataPage() const { return m_dataPage; }
+    // "Check Contrast…" and "Contrast Grid…" on the pages' menus.
+    CContrastTools *contrastTools() const { return m_contrastTools; }
+    // The image view's "Colour Vision" menu and the label under the sample.
+    CColourVisionTools *colourVisionTools() const { return m_colourVisionTools; }
     CImageSource *imageSource() const { return m_imageSource; }
     QTabWidget *tabWidget() const { return m_tabWidget; }
     QToolBar *mainToolBar() const;
@@ -108,6 +114,8 @@ private:
     CColourImageWindow *m_samplingPage = nullptr;
     CChartDataWindow *m_dataPage = nullptr;
     CMainToolBar *m_toolBar = nullptr;
+    CContrastTools *m_contrastTools = nullptr;
+    CColourVisionTools *m_colourVisionTools = nullptr;
     int m_samplingIndex = -1;
     int m_dataIndex = -1;
     CImageSource *m_imageSource = nullptr;

@@ -1,11 +1,13 @@
 #include "cli/clicommands.h"
 
+#include "cli/clicontrastcommand.h"
 #include "cli/cliconvertcommand.h"
 #include "cli/cliconversioncommands.h"
 #include "cli/cliimportcommand.h"
 #include "cli/clioutput.h"
 #include "cli/clireadymadecommands.h"
 #include "cli/clisamplecommand.h"
+#include "cli/clisimulatecommand.h"
 #include "cli/clitablecommands.h"
 #include "version.h"
 
@@ -64,6 +66,8 @@ CCliStatus CCliCommands::dispatch(const QString &command, const QStringList &wor
         {QStringLiteral("import-config"), CCliImportCommand::run},
         {QStringLiteral("tables"), CCliReadyMadeCommands::tables},
         {QStringLiteral("find"), CCliReadyMadeCommands::find},
+        {QStringLiteral("contrast"), [](const QStringList &w) { return CCliContrastCommand::run(w); }},
+        {QStringLiteral("simulate"), CCliSimulateCommand::run},
     };
     const auto found = commands.constFind(command);
     if (found == commands.constEnd()) {
@@ -127,6 +131,25 @@ const char kUsage[] =
         "                              table file (an existing file only with --force)\n"
         "  find --table FILE TEXT      the entries whose names contain TEXT,\n"
         "                              ignoring case and accents\n"
+        "  contrast FG BG [--format tsv|json]\n"
+        "                              WCAG 2.2 contrast ratio of a text and a\n"
+        "                              background colour (#rrggbb, rrggbb or R,G,B),\n"
+        "                              its five verdicts (1.4.3 AA and 1.4.6 AAA\n"
+        "                              for normal and large text, 1.4.11 non-text)\n"
+        "                              and the APCA lightness contrast Lc\n"
+        "  contrast - [--format tsv|json]\n"
+        "                              the same for a pair per line of standard\n"
+        "                              input (\"FG BG\"), in input order\n"
+        "  contrast --grid TABLE [--format tsv|json]\n"
+        "                              the ratio of every pair of a file's colours\n"
+        "                              (any format convert reads), as a matrix\n"
+        "  simulate IN OUT --cvd TYPE [--severity S] [--force]\n"
+        "                              write IN as PNG as seen with a colour vision\n"
+        "                              deficiency: protanopia, deuteranopia,\n"
+        "                              tritanopia, achromatopsia, or protanomaly,\n"
+        "                              deuteranomaly, tritanomaly with S from 0.1\n"
+        "                              to 1.0 (default 1.0); OUT is replaced only\n"
+        "                              with --force\n"
         "\n"
         "Give - instead of the numbers of lab, rgb, deltae or score to read one\n"
         "set of numbers per line from standard input.\n"

@@ -13,11 +13,14 @@ class CCliConvertCommand
 public:
     static CCliStatus run(const QStringList &words);
 
+    // Reads any file the tool takes colours from, with the texts every
+    // command uses for a table it cannot read (also used by contrast --grid).
+    static CCliStatus readInput(const QString &path, CPaletteFile::Format format,
+                                CPalette *palette);
+
 private:
     static CCliStatus format(const CCliArguments &args, const QString &option,
                              const QString &path, CPaletteFile::Format *format);
-    static CCliStatus readInput(const QString &path, CPaletteFile::Format format,
-                                CPalette *palette);
     static CCliStatus writeOutput(const QString &path, CPaletteFile::Format format,
                                   const CPalette &palette);
 };

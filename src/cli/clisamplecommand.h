@@ -40,9 +40,10 @@ public:
     // parse is left as it was, so a failed request is never half made up.
     static CCliStatus readRequest(const CCliArguments &args, Request *request);
     static CCliStatus readPick(const CCliArguments &args, Request *request);
+    // Reads a picture with its size checked first (also used by simulate).
+    static CCliStatus readImage(const QString &path, QImage *image);
 
 private:
-    static CCliStatus readImage(const QString &path, QImage *image);
     static QRect pickRect(const Request &request, const QImage &image);
     static void printSpread(const PickSpread &spread);
     static CCliStatus averagePick(const Request &request, const QImage &image, RgbColour *colour,

@@ -46,6 +46,10 @@ CColourContextMenu *CDataGrid::buildContextMenu(int row)
         menu->addEntryNameAction(entry->name);
         menu->addSeparator();
     }
+    const int actionsBefore = menu->actions().size();
+    emit contextMenuAboutToShow(menu, row < m_table->count() ? row : -1);
+    if (menu->actions().size() > actionsBefore)
+        menu->addSeparator();
     QAction *exportAction = menu->addAction(tr("Export Data Set\u2026"));
     connect(exportAction, &QAction::triggered, this, &CDataGrid::exportRequested);
     addHistoryActions(menu);

@@ -29,11 +29,16 @@ public:
     int narrowColumnWidth() const;
 
     // The grid's pop-up menu: the hex and the name of the colour in row
-    // (none for a row that does not exist), then "Export Data Set…", then
-    // "Undo <change>" and "Redo <change>" when the model's history has one.
+    // (none for a row that does not exist), what contextMenuAboutToShow
+    // connections add, then "Export Data Set…", then "Undo <change>" and
+    // "Redo <change>" when the model's history has one.
     CColourContextMenu *buildContextMenu(int row);
+    CDataColourTable *table() const { return m_table; }
 
 signals:
+    // The menu of a row (-1: below the rows) is built, before "Export Data
+    // Set…": connections may add their own entries.
+    void contextMenuAboutToShow(CColourContextMenu *menu, int row);
     // "Export Data Set…" was chosen.
     void exportRequested();
 

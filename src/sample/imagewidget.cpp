@@ -1,5 +1,7 @@
 #include "sample/imagewidget.h"
 
+#include "access/simulatedpicture.h"
+#include "colour/colourvision.h"
 #include "colour/pickgeometry.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/keyboardpick.h"
@@ -14,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -252,6 +255,12 @@ void CImageWidget::showKeyboardPosition()
     m_view->ensureVisible(centre.x(), centre.y(), margin, margin);
 }
 
+void CImageWidget::setColourVision(std::shared_ptr<const ColourVision> vision)
+{
+    m_vision = std::move(vision);
+    update();
+}
+
 void CImageWidget::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) {
@@ -361,6 +370,8 @@ void CImageWidget::paintPicture(QPainter &painter, const QRect &source) const
 {
     const QImage &image = m_view->sourceImage();
     const double f = viewFactor();
+    if (m_vision && !m_vision->isNormal())
+        return SimulatedPicture::paint(painter, image, source, f, *m_vision, checkerBrush());
     painter.save();
     painter.scale(f, f);
     // Crisp pixels when zoomed in; when zoomed out, blending the sampled

@@ -5,7 +5,10 @@
 #include <QRect>
 #include <QVector>
 
+#include <memory>
+
 class CColourImageWindowView;
+class ColourVision;
 class CMultipleSelect;
 class QRubberBand;
 
@@ -44,6 +47,9 @@ public:
     bool isRubberBandMode() const { return m_rubberBandMode; }
     void setBoxSuppressed(bool suppressed);
     void setMouseInside(bool inside);
+    // The picture is painted as seen with this vision (null or normal: as
+    // stored); picks keep reading the stored pixels.
+    void setColourVision(std::shared_ptr<const ColourVision> vision);
     QLabel *pickBox() const { return m_pickBox; }
     QPoint keyboardPixel() const { return m_keyPixel; }
     QRubberBand *rubberBand() const { return m_rubberBand; }
@@ -96,6 +102,7 @@ private:
     SelectionMark markFor(int number, const QRect &rect) const;
 
     CColourImageWindowView *m_view = nullptr;
+    std::shared_ptr<const ColourVision> m_vision;
     int m_zoomIndex = 7;
     QLabel *m_pickBox = nullptr;
     int m_pickSize = 1;

@@ -96,6 +96,7 @@ void CSamplePanel::showColour(const RgbColour &colour, int rgbFormat)
     setShown(true);
     m_swatch->setStyleSheet(QStringLiteral("background-color:%1;")
                                 .arg(colourName(colour.red, colour.green, colour.blue)));
+    emit colourShown(colour);
 }
 
 void CSamplePanel::showEmpty()
@@ -104,6 +105,12 @@ void CSamplePanel::showEmpty()
     m_swatchFrame->setStyleSheet(QStringLiteral("border:1px transparent"));
     setShown(false);
     m_swatch->setStyleSheet(QStringLiteral("background:transparent;"));
+    emit colourCleared();
+}
+
+void CSamplePanel::addNote(QWidget *note)
+{
+    layout()->addWidget(note);
 }
 
 void CSamplePanel::refreshRgb(const RgbColour &colour, int rgbFormat)
@@ -132,6 +139,7 @@ CColourContextMenu *CSamplePanel::buildSwatchMenu()
         return nullptr;
     auto *menu = new CColourContextMenu(this);
     menu->addSampleActions(m_colour, m_rgbFormat);
+    emit swatchMenuAboutToShow(menu);
     return menu;
 }
 

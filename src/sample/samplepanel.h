@@ -26,8 +26,14 @@ public:
     void refreshRgb(const RgbColour &colour, int rgbFormat);
 
     // The swatch's pop-up menu: the shown colour as hex, rgb(), the RGB
-    // text in the display format and the L*a*b* text. Null while empty.
+    // text in the display format and the L*a*b* text, then whatever the
+    // swatchMenuAboutToShow connections add. Null while empty.
     CColourContextMenu *buildSwatchMenu();
+    RgbColour colour() const { return m_colour; }
+    // Puts a widget of someone else's under the values (hidden widgets take
+    // no room, so the panel looks as before until it shows).
+    void addNote(QWidget *note);
+    bool hasColour() const { return m_hasColour; }
 
     QLabel *caption() const { return m_caption; }
     QLabel *swatch() const { return m_swatch; }
@@ -35,6 +41,14 @@ public:
     // R, G, B, L*, a*, b* in that order.
     QLabel *value(int index) const { return m_values.at(index); }
     QLabel *valueCaption(int index) const { return m_captions.at(index); }
+
+signals:
+    // A colour is shown: a new pick or average became the sample.
+    void colourShown(const RgbColour &colour);
+    // The sample panel was emptied.
+    void colourCleared();
+    // The swatch's menu is built: connections may add their own entries.
+    void swatchMenuAboutToShow(CColourContextMenu *menu);
 
 private:
     QWidget *buildSwatch();
