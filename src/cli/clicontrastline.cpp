@@ -14,7 +14,9 @@ bool CCliContrastLine::pairWords(const QByteArray &line, QStringList *words)
         *words = text.split(QLatin1Char('\t'), Qt::SkipEmptyParts);
     else
         *words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    // Blanks between two tabs are no word.
     for (QString &word : *words)
         word = word.trimmed();
+    words->removeAll(QString());
     return words->size() == 2;
 }

@@ -184,6 +184,9 @@ void TestCliContrast::batchBadLineIsNamedAfterTheGoodOnes_data()
                                    << "line 3: expected two colours, found 3";
     QTest::newRow("not a colour") << QByteArray("000000 white")
                                   << "line 3: \"white\" is not a colour";
+    // Found by fuzzing: blanks between two tabs are no colour of their own.
+    QTest::newRow("blank between tabs") << QByteArray("000000\t \t777777\tffffff")
+                                        << "line 3: expected two colours, found 3";
 }
 
 void TestCliContrast::batchBadLineIsNamedAfterTheGoodOnes()
