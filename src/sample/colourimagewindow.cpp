@@ -4,7 +4,7 @@
 #include "app/appsettings.h"
 #include "app/tablemessages.h"
 #include "colour/colourprofile.h"
-#include "colour/pickspread.h"
+#include "colour/imageregionaverage.h"
 #include "library/dlglibcolourtableadd.h"
 #include "library/libcolourtabledlg.h"
 #include "palette/colourcopytext.h"
@@ -17,6 +17,7 @@
 #include "sample/multipleselect.h"
 #include "sample/picknotes.h"
 #include "sample/samplepanel.h"
+#include "sample/spreadworker.h"
 
 #include <QAction>
 #include <QApplication>
@@ -73,11 +74,13 @@ CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
             &CColourImageWindow::multiSelectClearItem);
     m_buttons.fill(nullptr, kLastCommand - kFirstCommand + 1);
     m_view = new CColourImageWindowView(this);
+    m_spread = new CSpreadWorker(this);
     connectView();
     m_mapper = new QSignalMapper(this);
     connect(m_mapper, &QSignalMapper::mappedInt, this, &CColourImageWindow::processCommand);
 
     QToolBar *panel = buildPanel();
+    connect(m_spread, &CSpreadWorker::spreadReady, m_notes, &CPickNotes::showSpread);
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(panel);
     layout->addWidget(m_view);
@@ -443,10 +446,10 @@ void CColourImageWindow::colourPickSizeChanged(int index)
 void CColourImageWindow::pickImageRegion(const QRect &imageRect)
 {
     RgbColour average;
-    PickSpread spread;
-    if (!averageWithSpread(m_view->sourceImage(), imageRect, rgbAverage(), &average, &spread))
+    if (!averageImageRegion(m_view->sourceImage(), imageRect, rgbAverage(), &average))
         return;
-    m_notes->showSpread(spread);
+    m_notes->clearSpread();
+    m_spread->start(m_view->sourceImage(), imageRect, average);
     if (m_selectionMode == CmdSelectSingle)
         setSample(average, false);
     else
@@ -459,6 +462,7 @@ void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
     m_samplePresent = !clear;
     if (clear) {
         m_samplePanel->showEmpty();
+        m_spread->cancel();
         m_notes->clearSpread();
         return;
     }

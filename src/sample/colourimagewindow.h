@@ -17,6 +17,7 @@ class CMatchResultsView;
 class CMultipleSelect;
 class CPickNotes;
 class CSamplePanel;
+class CSpreadWorker;
 class QComboBox;
 class QImage;
 class QLabel;
@@ -105,6 +106,8 @@ public:
     CSamplePanel *samplePanel() const { return m_samplePanel; }
     // "Mixed colours" and the converted profile, under the sample.
     CPickNotes *pickNotes() const { return m_notes; }
+    // Measures each pick's spread for the note, off the GUI thread.
+    CSpreadWorker *spreadWorker() const { return m_spread; }
     QLabel *swatch() const;
     QWidget *swatchFrame() const;
     QLabel *sampleCaption() const;
@@ -179,6 +182,7 @@ private:
     QComboBox *m_pickSizeCombo = nullptr;
     CSamplePanel *m_samplePanel = nullptr;
     CPickNotes *m_notes = nullptr;
+    CSpreadWorker *m_spread = nullptr;
     QLabel *m_maximumNotice = nullptr;
     CLibrarySelector *m_library = nullptr;
     CMatchResultsView *m_results = nullptr;
