@@ -75,12 +75,14 @@ CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
     m_buttons.fill(nullptr, kLastCommand - kFirstCommand + 1);
     m_view = new CColourImageWindowView(this);
     m_spread = new CSpreadWorker(this);
+    // The note is built with the panel, after this.
+    connect(m_spread, &CSpreadWorker::spreadReady, this,
+            [this](const PickSpread &spread) { m_notes->showSpread(spread); });
     connectView();
     m_mapper = new QSignalMapper(this);
     connect(m_mapper, &QSignalMapper::mappedInt, this, &CColourImageWindow::processCommand);
 
     QToolBar *panel = buildPanel();
-    connect(m_spread, &CSpreadWorker::spreadReady, m_notes, &CPickNotes::showSpread);
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(panel);
     layout->addWidget(m_view);
