@@ -69,7 +69,8 @@ void ColourCounts::release()
     m_pixels = 0;
 }
 
-bool ColourCounts::count(const QImage &image, const QRect &requested)
+bool ColourCounts::count(const QImage &image, const QRect &requested,
+                         const std::atomic<bool> *cancel)
 {
     release();
     const QRect region = pixelsInside(image, requested);
@@ -81,6 +82,12 @@ bool ColourCounts::count(const QImage &image, const QRect &requested)
     std::vector<uint8_t> used(kRedGreenPairs, 0);
     uint32_t *counts = m_counts;
     for (int y = region.top(); y <= region.bottom(); ++y) {
+        if (cancel != nullptr && cancel->load(std::memory_order_relaxed)) {
+            // What was counted is cleared before the counters are kept.
+            markUsed(used);
+            release();
+            return false;
+        }
         const QRgb *row = reinterpret_cast<const QRgb *>(image.constScanLine(y)) + region.left();
         for (int i = 0; i < region.width(); ++i) {
             const uint32_t colour = row[i] & 0xffffffu;
@@ -88,13 +95,18 @@ bool ColourCounts::count(const QImage &image, const QRect &requested)
             used[colour >> 8] = 1;
         }
     }
+    markUsed(used);
+    m_pixels = qint64(region.width()) * region.height();
+    return true;
+}
+
+void ColourCounts::markUsed(const std::vector<uint8_t> &used)
+{
     m_usedRedGreen.clear();
     for (uint32_t pair = 0; pair < kRedGreenPairs; ++pair) {
         if (used[pair])
             m_usedRedGreen.push_back(pair);
     }
-    m_pixels = qint64(region.width()) * region.height();
-    return true;
 }
 
 ChannelCounts ColourCounts::channelCounts() const

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QtGlobal>
 
+#include <atomic>
 #include <cstdint>
 #include <vector>
 
@@ -34,8 +35,10 @@ public:
 
     // Counts the pixels of region (inside the image) of a 32-bit RGB or ARGB
     // image. False, counting nothing, for another format or when the
-    // counters' memory cannot be had.
-    bool count(const QImage &image, const QRect &region);
+    // counters' memory cannot be had, or when `cancel` is set before it is
+    // done (looked at every row).
+    bool count(const QImage &image, const QRect &region,
+               const std::atomic<bool> *cancel = nullptr);
 
     qint64 pixels() const { return m_pixels; }
     // The pixels counted per 8-bit value of each channel, for the RGB rule.
@@ -48,6 +51,8 @@ public:
 
 private:
     void release();
+    // Keeps the red-green groups flagged in `used` (one flag per group).
+    void markUsed(const std::vector<uint8_t> &used);
 
     uint32_t *m_counts = nullptr;
     std::vector<uint32_t> m_usedRedGreen; // red << 8 | green

@@ -27,13 +27,19 @@ public:
         return fromPoint(t, bits, kPoints[index]);
     }
 
-private:
+    // For vector code that reads the table itself and repeats fromPoint's
+    // arithmetic: the point of t is (bits of t >> kShift) - kFirstIndex
+    // when below kSize, and pointPairs() holds each point's root and
+    // inverse one after the other.
     static constexpr int kMantissaBits = 8;
     static constexpr int kShift = 52 - kMantissaBits;
     static constexpr int kLowestExponent = -7;
     static constexpr int kSize = (1 - kLowestExponent) << kMantissaBits;
     static constexpr std::uint64_t kFirstIndex = std::uint64_t(1023 + kLowestExponent)
                                                  << kMantissaBits;
+    static const double *pointPairs() { return &kPoints[0].root; }
+
+private:
 
     struct Point
     {

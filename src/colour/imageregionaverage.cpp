@@ -1,6 +1,7 @@
 #include "colour/imageregionaverage.h"
 
 #include "colour/colourconversion.h"
+#include "colour/labrowsum.h"
 #include "colour/rowhalves.h"
 
 #include <QVector>
@@ -62,20 +63,30 @@ private:
 
 // Root mean square per component. Pixels only take 256 values per channel,
 // so counting them first and weighing each value's square by its count gives
-// the same sum of squares without a floating point operation per pixel.
+// the same sum of squares without a floating point operation per pixel. The
+// halves of a large region are counted on two threads and their counts
+// added: the same counts, so the same colour.
 RgbColour rootMeanSquare(const QImage &image, const QRect &region)
 {
-    ChannelCounts counts{};
-    RowReader reader(image, region);
-    for (int y = region.top(); y <= region.bottom(); ++y) {
-        const QRgb *row = reader.row(y);
-        for (int i = 0; i < region.width(); ++i) {
-            ++counts[0][qRed(row[i])];
-            ++counts[1][qGreen(row[i])];
-            ++counts[2][qBlue(row[i])];
+    ChannelCounts halves[2] = {};
+    RowHalves::run(region, [&](int first, int last, int half) {
+        ChannelCounts counts{};
+        RowReader reader(image, region);
+        for (int y = first; y <= last; ++y) {
+            const QRgb *row = reader.row(y);
+            for (int i = 0; i < region.width(); ++i) {
+                ++counts[0][qRed(row[i])];
+                ++counts[1][qGreen(row[i])];
+                ++counts[2][qBlue(row[i])];
+            }
         }
+        halves[half] = counts;
+    });
+    for (size_t c = 0; c < 3; ++c) {
+        for (size_t v = 0; v < 256; ++v)
+            halves[0][c][v] += halves[1][c][v];
     }
-    return rootMeanSquareOfCounts(counts, qint64(region.width()) * region.height());
+    return rootMeanSquareOfCounts(halves[0], qint64(region.width()) * region.height());
 }
 
 void addLab(LabColour &sum, const LabColour &lab)
@@ -120,7 +131,6 @@ public:
         }
         return slot.lab;
     }
-    static LabColour direct(QRgb pixel) { return pixelLab(qRed(pixel), qGreen(pixel), qBlue(pixel)); }
 
     // Whether the next row should go through the cache. A picture without
     // repeated colours (noise) would only thrash it, so after a row with
@@ -147,8 +157,7 @@ public:
                 addLab(sum, lab(row[i]));
             rowDone(width);
         } else {
-            for (int i = 0; i < width; ++i)
-                addLab(sum, direct(row[i]));
+            LabRowSum::add(row, width, sum);
         }
     }
 

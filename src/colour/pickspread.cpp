@@ -8,33 +8,73 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace {
 
 constexpr double kLargestDifference = 200.0;
 
+constexpr uint32_t kBinsPerUnit = 10000;
+constexpr uint32_t kUnits = uint32_t(kLargestDifference) + 1;
+constexpr uint32_t kBins = kUnits * kBinsPerUnit;
+
+// One counter per 0.0001 wide bin (8 MB), shared by the threads of one
+// spread: what a tally keeps once its list of differences grows long. A
+// picture of noise holds millions of colours, and a list of every one
+// would take far more memory than the bins. Made on first use, so that a
+// click never pays for it; pictures are refused above 2 GiB, so a bin's
+// count never overflows.
+class SharedBins
+{
+public:
+    void add(uint32_t bin, uint32_t count)
+    {
+        counters()[bin].fetch_add(count, std::memory_order_relaxed);
+    }
+    bool used() const { return m_counters != nullptr; }
+    quint64 at(uint32_t bin) const { return m_counters[bin].load(std::memory_order_relaxed); }
+
+private:
+    std::atomic<uint32_t> *counters()
+    {
+        std::call_once(m_made, [this]() { m_counters.reset(new std::atomic<uint32_t>[kBins]()); });
+        return m_counters.get();
+    }
+
+    std::once_flag m_made;
+    std::unique_ptr<std::atomic<uint32_t>[]> m_counters;
+};
+
 // The differences found so far: their sum, and each distinct difference
-// with the number of pixels that have it. The percentile is read from a
-// histogram of whole units first, then one of 0.0001 wide bins within the
-// unit that holds it: small, whatever the spread, so that no pick pays for
-// clearing megabytes of bins.
+// with the number of pixels that have it, moved into the shared bins when
+// the list grows long. The percentile is read from a histogram of whole
+// units first, then one of 0.0001 wide bins within the unit that holds it:
+// small, whatever the spread, so that no pick pays for clearing megabytes
+// of bins.
 class SpreadTally
 {
 public:
+    explicit SpreadTally(SharedBins *bins = nullptr) : m_bins(bins) {}
+
     void add(float difference, uint32_t count)
     {
         m_sum += double(difference) * double(count);
         m_records.push_back({binOf(difference), count});
+        if (m_bins != nullptr && m_records.size() >= kMostRecords)
+            spill();
     }
 
     void add(const SpreadTally &other)
     {
         m_sum += other.m_sum;
         m_records.insert(m_records.end(), other.m_records.begin(), other.m_records.end());
+        if (m_bins == nullptr)
+            m_bins = other.m_bins;
     }
 
     double sum() const { return m_sum; }
@@ -43,9 +83,12 @@ public:
     double percentile95(qint64 pixels) const
     {
         const quint64 rank = quint64(std::ceil(0.95 * double(pixels)));
+        const bool shared = m_bins != nullptr && m_bins->used();
         std::array<quint64, kUnits> units{};
         for (const Record &r : m_records)
             units[r.bin / kBinsPerUnit] += r.count;
+        for (uint32_t bin = 0; shared && bin < kBins; ++bin)
+            units[bin / kBinsPerUnit] += m_bins->at(bin);
         quint64 seen = 0;
         uint32_t unit = 0;
         while (unit + 1 < kUnits && seen + units[unit] < rank)
@@ -56,7 +99,7 @@ public:
                 bins[r.bin % kBinsPerUnit] += r.count;
         }
         for (uint32_t i = 0; i < kBinsPerUnit; ++i) {
-            seen += bins[i];
+            seen += bins[i] + (shared ? m_bins->at(unit * kBinsPerUnit + i) : 0);
             if (seen >= rank)
                 return double(unit * kBinsPerUnit + i) / kBinsPerUnit;
         }
@@ -64,8 +107,8 @@ public:
     }
 
 private:
-    static constexpr uint32_t kBinsPerUnit = 10000;
-    static constexpr uint32_t kUnits = uint32_t(kLargestDifference) + 1;
+    // 64 K records (512 KB) per tally before they go into the bins.
+    static constexpr size_t kMostRecords = size_t(1) << 16;
     struct Record
     {
         uint32_t bin;
@@ -80,8 +123,16 @@ private:
         return uint32_t(clamped * kBinsPerUnit);
     }
 
+    void spill()
+    {
+        for (const Record &r : m_records)
+            m_bins->add(r.bin, r.count);
+        m_records.clear();
+    }
+
     double m_sum = 0.0;
     std::vector<Record> m_records;
+    SharedBins *m_bins = nullptr;
 };
 
 // The single-precision CIEDE2000 of a packed 8-bit colour from the average,
@@ -122,8 +173,9 @@ class SpreadCache
 public:
     // Sized to the pick: a click's few pixels should not pay for setting up
     // 65,536 slots.
-    SpreadCache(const SpreadReference &reference, qint64 pixels)
-        : m_reference(reference), m_bits(bitsFor(pixels)), m_slots(new Slot[size_t(1) << m_bits])
+    SpreadCache(const SpreadReference &reference, qint64 pixels, SharedBins *bins)
+        : m_reference(reference), m_bits(bitsFor(pixels)), m_slots(new Slot[size_t(1) << m_bits]),
+          m_tally(bins)
     {
         for (int i = 0; i < (1 << m_bits); ++i)
             m_slots[i] = Slot{kEmpty, 0.0f, 0};
@@ -189,14 +241,20 @@ private:
     SpreadTally m_tally;
 };
 
+bool stopped(const std::atomic<bool> *cancel)
+{
+    return cancel != nullptr && cancel->load(std::memory_order_relaxed);
+}
+
 // Every pixel through the cache, the two halves of a large region on two
-// threads.
-SpreadTally tallyPixels(const QImage &image, const QRect &region, const SpreadReference &reference)
+// threads. False when cancelled.
+bool tallyPixels(const QImage &image, const QRect &region, const SpreadReference &reference,
+                 const std::atomic<bool> *cancel, SharedBins *bins, SpreadTally *result)
 {
     SpreadTally halves[2];
     RowHalves::run(region, [&](int first, int last, int half) {
-        SpreadCache cache(reference, qint64(last - first + 1) * region.width());
-        for (int y = first; y <= last; ++y) {
+        SpreadCache cache(reference, qint64(last - first + 1) * region.width(), bins);
+        for (int y = first; y <= last && !stopped(cancel); ++y) {
             const QRgb *row =
                 reinterpret_cast<const QRgb *>(image.constScanLine(y)) + region.left();
             for (int i = 0; i < region.width(); ++i)
@@ -205,18 +263,20 @@ SpreadTally tallyPixels(const QImage &image, const QRect &region, const SpreadRe
         halves[half] = cache.flush();
     });
     halves[0].add(halves[1]);
-    return halves[0];
+    *result = std::move(halves[0]);
+    return !stopped(cancel);
 }
 
 // Every colour once, weighed by its count; the groups of colours are shared
-// between two threads.
-SpreadTally tallyColours(const ColourCounts &counts, const SpreadReference &reference)
+// between two threads. False when cancelled.
+bool tallyColours(const ColourCounts &counts, const SpreadReference &reference,
+                  const std::atomic<bool> *cancel, SharedBins *bins, SpreadTally *result)
 {
     const std::vector<uint32_t> &pairs = counts.usedRedGreen();
     SpreadTally halves[2];
     RowHalves::run(0, int(pairs.size()) - 1, true, [&](int first, int last, int half) {
-        SpreadTally tally;
-        for (int i = first; i <= last; ++i) {
+        SpreadTally tally(bins);
+        for (int i = first; i <= last && !stopped(cancel); ++i) {
             const uint32_t base = pairs[size_t(i)] << 8;
             for (uint32_t colour = base; colour < base + 256; ++colour) {
                 const uint32_t n = counts.at(colour);
@@ -228,7 +288,8 @@ SpreadTally tallyColours(const ColourCounts &counts, const SpreadReference &refe
         halves[half] = std::move(tally);
     });
     halves[0].add(halves[1]);
-    return halves[0];
+    *result = std::move(halves[0]);
+    return !stopped(cancel);
 }
 
 void fill(PickSpread *result, qint64 pixels, const SpreadTally &tally)
@@ -246,23 +307,27 @@ bool worthCounting(const QRect &region)
 } // namespace
 
 bool pickSpread(const QImage &image, const QRect &requested, const RgbColour &average,
-                PickSpread *result)
+                PickSpread *result, const std::atomic<bool> *cancel)
 {
     const QRect region = pixelsInside(image, requested);
-    if (region.isEmpty() || result == nullptr)
+    if (region.isEmpty() || result == nullptr || stopped(cancel))
         return false;
     // Other formats are read through a 32-bit copy of the region alone.
     if (!hasPackedRgbPixels(image.format())) {
         const QImage copy = image.copy(region).convertToFormat(QImage::Format_ARGB32);
-        return pickSpread(copy, copy.rect(), average, result);
+        return pickSpread(copy, copy.rect(), average, result, cancel);
     }
     const SpreadReference reference(average);
     const qint64 pixels = qint64(region.width()) * region.height();
+    SharedBins bins;
+    SpreadTally tally;
     ColourCounts counts;
-    if (worthCounting(region) && counts.count(image, region))
-        fill(result, pixels, tallyColours(counts, reference));
-    else
-        fill(result, pixels, tallyPixels(image, region, reference));
+    const bool done = worthCounting(region) && counts.count(image, region, cancel)
+                          ? tallyColours(counts, reference, cancel, &bins, &tally)
+                          : tallyPixels(image, region, reference, cancel, &bins, &tally);
+    if (!done)
+        return false;
+    fill(result, pixels, tally);
     return true;
 }
 
@@ -277,7 +342,10 @@ bool averageWithSpread(const QImage &image, const QRect &requested, bool useRgb,
         // One pass over the picture for both: the channel counts are the
         // very ones the RGB rule adds up.
         *average = rootMeanSquareOfCounts(counts.channelCounts(), counts.pixels());
-        fill(spread, counts.pixels(), tallyColours(counts, SpreadReference(*average)));
+        SharedBins bins;
+        SpreadTally tally;
+        tallyColours(counts, SpreadReference(*average), nullptr, &bins, &tally);
+        fill(spread, counts.pixels(), tally);
         return true;
     }
     RgbColour colour;

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QtGlobal>
 
+#include <atomic>
+
 // How far the pixels of a pick lie from their average: the single-precision
 // CIEDE2000 (average first, pixel second, as matching orders entry and
 // sample) of every pixel of the region, summarised as a mean and a 95th
@@ -26,9 +28,13 @@ struct PickSpread
 
 // Reads the part of region inside the image, 8-bit R, G, B with alpha
 // ignored, as averageImageRegion does. Returns false and leaves result alone
-// when that holds no pixels (or result is null).
+// when that holds no pixels (or result is null), or when `cancel` is set
+// before it is done: it is looked at every row or group of colours, so a
+// spread running on another thread stops within a millisecond or so. Its
+// extra memory stays under 80 MB whatever the picture (the colour counters
+// and the bins of the percentile).
 bool pickSpread(const QImage &image, const QRect &region, const RgbColour &average,
-                PickSpread *result);
+                PickSpread *result, const std::atomic<bool> *cancel = nullptr);
 
 // The average of region by the chosen rule, exactly as averageImageRegion
 // gives it, and its spread as pickSpread gives it: what a pick shows. A

@@ -1,6 +1,7 @@
 #include "sample/colourimagewindow.h"
 
 #include "app/appsettings.h"
+#include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/findcolourhook.h"
@@ -14,6 +15,7 @@
 #include "sample/sampleclipboard.h"
 #include "sample/samplepanel.h"
 #include "sample/sampletoolpanel.h"
+#include "sample/spreadworker.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -28,6 +30,10 @@ CColourImageWindow::CColourImageWindow(CAppSettings *settings, QWidget *parent)
     connect(m_clearItemMapper, &QSignalMapper::mappedInt, this,
             &CColourImageWindow::multiSelectClearItem);
     m_view = new CColourImageWindowView(this);
+    m_spread = new CSpreadWorker(this);
+    // The note is built with the panel, after this.
+    connect(m_spread, &CSpreadWorker::spreadReady, this,
+            [this](const PickSpread &spread) { m_notes->showSpread(spread); });
     connectView();
     m_mapper = new QSignalMapper(this);
     connect(m_mapper, &QSignalMapper::mappedInt, this, &CColourImageWindow::processCommand);
@@ -70,7 +76,13 @@ void CColourImageWindow::connectPanel()
             &CColourImageWindow::colourTableComboListChanged);
     auto *findColour = new CFindColourHook(m_library, this, m_settings);
     connect(findColour, &CFindColourHook::colourChosen, this,
-            [this](const RgbColour &colour) { m_notes->clearSpread(); setSample(colour, false); });
+            [this](const RgbColour &colour) {
+                // A named colour has no spread: one still measured for the
+                // last pick must not land on it.
+                m_spread->cancel();
+                m_notes->clearSpread();
+                setSample(colour, false);
+            });
     connect(findColour, &CFindColourHook::helpRequested, this, &CColourImageWindow::helpRequested);
     m_match = new CMatchRunner(m_library, m_results, this);
     connect(m_match, &CMatchRunner::matched, this,
@@ -247,10 +259,10 @@ void CColourImageWindow::colourPickSizeChanged(int index)
 void CColourImageWindow::pickImageRegion(const QRect &imageRect)
 {
     RgbColour average;
-    PickSpread spread;
-    if (!averageWithSpread(m_view->sourceImage(), imageRect, rgbAverage(), &average, &spread))
+    if (!averageImageRegion(m_view->sourceImage(), imageRect, rgbAverage(), &average))
         return;
-    m_notes->showSpread(spread);
+    m_notes->clearSpread();
+    m_spread->start(m_view->sourceImage(), imageRect, average);
     if (m_selectionMode == CmdSelectSingle)
         setSample(average, false);
     else
@@ -263,6 +275,7 @@ void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
     m_samplePresent = !clear;
     if (clear) {
         m_samplePanel->showEmpty();
+        m_spread->cancel();
         m_notes->clearSpread();
         return;
     }

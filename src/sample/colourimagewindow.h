@@ -22,6 +22,7 @@ class CPickNotes;
 class CSampleClipboard;
 class CSamplePanel;
 class CSampleToolPanel;
+class CSpreadWorker;
 class QComboBox;
 class QImage;
 class QLabel;
@@ -108,6 +109,8 @@ public:
     CSamplePanel *samplePanel() const { return m_samplePanel; }
     // "Mixed colours" and the converted profile, under the sample.
     CPickNotes *pickNotes() const { return m_notes; }
+    // Measures each pick's spread for the note, off the GUI thread.
+    CSpreadWorker *spreadWorker() const { return m_spread; }
     QLabel *swatch() const;
     QWidget *swatchFrame() const;
     QLabel *sampleCaption() const;
@@ -160,6 +163,7 @@ private:
     CSampleToolPanel *m_panel = nullptr;
     CSamplePanel *m_samplePanel = nullptr;
     CPickNotes *m_notes = nullptr;
+    CSpreadWorker *m_spread = nullptr;
     CLibrarySelector *m_library = nullptr;
     CMatchResultsView *m_results = nullptr;
     CMultipleSelectionRows *m_multiple = nullptr;

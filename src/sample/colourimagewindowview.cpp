@@ -1,5 +1,6 @@
 #include "sample/colourimagewindowview.h"
 
+#include "colour/imageregionaverage.h"
 #include "sample/imagewidget.h"
 
 #include <QPainter>
@@ -39,10 +40,15 @@ double CColourImageWindowView::zoomFactor(int index)
 
 void CColourImageWindowView::setImage(const QImage &image)
 {
-    // Widened once here so that every pick reads plain 32-bit pixels.
-    m_sourceImage = image.format() == QImage::Format_Indexed8
-                        ? image.convertToFormat(QImage::Format_RGB32)
-                        : image;
+    // Widened once here so that every pick, and every spread measured off
+    // the GUI thread, reads plain 32-bit pixels straight from the picture
+    // (no per-pixel reads, no copies of the region).
+    if (hasPackedRgbPixels(image.format()))
+        m_sourceImage = image;
+    else if (image.format() == QImage::Format_Indexed8 || !image.hasAlphaChannel())
+        m_sourceImage = image.convertToFormat(QImage::Format_RGB32);
+    else
+        m_sourceImage = image.convertToFormat(QImage::Format_ARGB32);
     m_imageWidget->setImageSize(m_sourceImage.size());
     m_imageWidget->show();
     m_imageWidget->setBoxSuppressed(false);

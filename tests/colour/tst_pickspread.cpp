@@ -9,7 +9,9 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -97,6 +99,13 @@ private slots:
     void regionPartlyOutsideCountsOnlyInside();
     void everyFormatReadsLikePixel_data();
     void everyFormatReadsLikePixel();
+    void noiseOfAMillionColoursMatchesSorting_data();
+    void noiseOfAMillionColoursMatchesSorting();
+    void cancelledBeforeItStartsLeavesResult_data();
+    void cancelledBeforeItStartsLeavesResult();
+    void cancelledWhileRunningReturnsFalse_data();
+    void cancelledWhileRunningReturnsFalse();
+    void notCancelledGivesTheSameNumbers();
 };
 
 void TestPickSpread::uniformPickHasNoSpread()
@@ -304,6 +313,87 @@ void TestPickSpread::everyFormatReadsLikePixel()
     QFETCH(QImage::Format, format);
     const QImage image = noise(30, 20, 9, format);
     verifyAgainstSorting(image, QRect(3, 2, 20, 15), {0.6, 0.4, 0.5});
+}
+
+// Nearly every pixel a colour of its own: far more distinct differences than
+// a tally keeps as a list, so most of them go into the shared bins, through
+// the counted path (a million pixels and up) and the cached one (below).
+void TestPickSpread::noiseOfAMillionColoursMatchesSorting_data()
+{
+    QTest::addColumn<QRect>("region");
+    QTest::newRow("counted") << QRect(0, 0, 1100, 1000);
+    QTest::newRow("cached") << QRect(0, 0, 1000, 1000);
+}
+
+void TestPickSpread::noiseOfAMillionColoursMatchesSorting()
+{
+    QFETCH(QRect, region);
+    static const QImage image = noise(1100, 1000, 17);
+    verifyAgainstSorting(image, region, {0.45, 0.5, 0.55});
+}
+
+void TestPickSpread::cancelledBeforeItStartsLeavesResult_data()
+{
+    QTest::addColumn<QRect>("region");
+    QTest::newRow("click") << QRect(2, 2, 9, 9);
+    QTest::newRow("cached") << QRect(0, 0, 1000, 1000);
+    QTest::newRow("counted") << QRect(0, 0, 1100, 1000);
+}
+
+void TestPickSpread::cancelledBeforeItStartsLeavesResult()
+{
+    QFETCH(QRect, region);
+    static const QImage image = noise(1100, 1000, 5);
+    const std::atomic<bool> cancel{true};
+    PickSpread spread;
+    spread.pixels = 7;
+    spread.mean = 3.5;
+    QVERIFY(!pickSpread(image, region, {0.5, 0.5, 0.5}, &spread, &cancel));
+    QCOMPARE(spread.pixels, qint64(7));
+    QCOMPARE(spread.mean, 3.5);
+}
+
+// The flag is set by another thread while the spread runs: it stops and
+// says so, whichever of its loops it is in.
+void TestPickSpread::cancelledWhileRunningReturnsFalse_data()
+{
+    cancelledBeforeItStartsLeavesResult_data();
+}
+
+void TestPickSpread::cancelledWhileRunningReturnsFalse()
+{
+    QFETCH(QRect, region);
+    static const QImage image = noise(1100, 1000, 6);
+    std::atomic<bool> cancel{false};
+    std::atomic<bool> started{false};
+    bool measured = true;
+    PickSpread spread;
+    std::thread worker([&]() {
+        started = true;
+        measured = pickSpread(image, region, {0.5, 0.5, 0.5}, &spread, &cancel);
+    });
+    while (!started)
+        std::this_thread::yield();
+    cancel = true;
+    worker.join();
+    // A 9x9 click may well be done before the flag is seen, and then it is
+    // whole; a million pixels never are.
+    if (region.width() > 9)
+        QVERIFY(!measured);
+    else if (measured)
+        QCOMPARE(spread.pixels, qint64(81));
+}
+
+void TestPickSpread::notCancelledGivesTheSameNumbers()
+{
+    const std::atomic<bool> cancel{false};
+    PickSpread with;
+    PickSpread without;
+    QVERIFY(pickSpread(largePattern(), largePattern().rect(), {0.3, 0.6, 0.2}, &with, &cancel));
+    QVERIFY(pickSpread(largePattern(), largePattern().rect(), {0.3, 0.6, 0.2}, &without));
+    QCOMPARE(with.pixels, without.pixels);
+    QCOMPARE(with.mean, without.mean);
+    QCOMPARE(with.p95, without.p95);
 }
 
 QTEST_GUILESS_MAIN(TestPickSpread)

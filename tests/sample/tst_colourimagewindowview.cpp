@@ -43,6 +43,8 @@ private slots:
     void init();
 
     void nothingIsShownBeforeAnImageOpens();
+    void everyFormatIsWidenedToPackedPixels_data();
+    void everyFormatIsWidenedToPackedPixels();
     void zoomTableHasSixteenLevels_data();
     void zoomTableHasSixteenLevels();
     void zoomLookupClampsTheIndex();
@@ -519,6 +521,43 @@ void TestColourImageWindowView::paintingAPartDrawsOnlyThatPart()
     QVERIFY2(sameRgb(canvas.pixel(25, 33), qRgb(0, 128, 255)), qPrintable(QString::number(canvas.pixel(25, 33), 16)));
     QVERIFY(sameRgb(canvas.pixel(5, 5), qRgb(1, 2, 3)));
     QVERIFY(sameRgb(canvas.pixel(35, 33), qRgb(1, 2, 3)));
+}
+
+Q_DECLARE_METATYPE(QImage::Format)
+
+// Picks and their spreads read 32-bit pixels straight from the picture: any
+// other format is widened when shown, to the very colours pixel() reads.
+void TestColourImageWindowView::everyFormatIsWidenedToPackedPixels_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<QImage::Format>("widened");
+    QTest::newRow("RGB32 kept") << QImage::Format_RGB32 << QImage::Format_RGB32;
+    QTest::newRow("ARGB32 kept") << QImage::Format_ARGB32 << QImage::Format_ARGB32;
+    QTest::newRow("Indexed8") << QImage::Format_Indexed8 << QImage::Format_RGB32;
+    QTest::newRow("Grayscale8") << QImage::Format_Grayscale8 << QImage::Format_RGB32;
+    QTest::newRow("RGB888") << QImage::Format_RGB888 << QImage::Format_RGB32;
+    QTest::newRow("RGBA8888") << QImage::Format_RGBA8888 << QImage::Format_ARGB32;
+    QTest::newRow("RGBA64") << QImage::Format_RGBA64 << QImage::Format_ARGB32;
+}
+
+void TestColourImageWindowView::everyFormatIsWidenedToPackedPixels()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(QImage::Format, widened);
+    QImage original(23, 17, QImage::Format_ARGB32);
+    for (int y = 0; y < original.height(); ++y)
+        for (int x = 0; x < original.width(); ++x)
+            original.setPixel(x, y, qRgba((x * 11) & 255, (y * 13) & 255, (x * y) & 255, 255));
+    const QImage picture = original.convertToFormat(format);
+    CColourImageWindowView view;
+    view.setImage(picture);
+    QCOMPARE(view.sourceImage().format(), widened);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            QCOMPARE(qRgb(qRed(view.sourceImage().pixel(x, y)), qGreen(view.sourceImage().pixel(x, y)),
+                          qBlue(view.sourceImage().pixel(x, y))),
+                     qRgb(qRed(picture.pixel(x, y)), qGreen(picture.pixel(x, y)),
+                          qBlue(picture.pixel(x, y))));
 }
 
 QTEST_MAIN(TestColourImageWindowView)
