@@ -7,6 +7,7 @@
 #include "sample/findcolourhook.h"
 #include "sample/libraryselector.h"
 #include "sample/picknotes.h"
+#include "sample/spreadworker.h"
 #include "palette/colourcopytext.h"
 #include "tables/readymadetables.h"
 
@@ -284,12 +285,20 @@ void TestFindColour::chosenSampleMatchesAsAPickWould()
     // A pick of mixed colours first: its note goes with the named colour.
     m_page->pickImageRegion(QRect(0, 0, 20, 20));
     QVERIFY(m_page->isSamplePresent());
-    QVERIFY(!m_page->pickNotes()->mixedLabel()->isHidden());
+    QTRY_VERIFY(!m_page->pickNotes()->mixedLabel()->isHidden());
     CDlgFindColour *window = openWithKey();
     QVERIFY(window);
     QTest::keyClicks(window->searchField(), QStringLiteral("noir"));
     QTest::mouseClick(window->useButton(), Qt::LeftButton);
     QCOMPARE(m_page->sample().red, 0.1);
+    QVERIFY(m_page->pickNotes()->mixedLabel()->isHidden());
+
+    // A named colour chosen while the last pick's spread is still measured:
+    // that spread's note never lands on it.
+    m_page->pickImageRegion(QRect(0, 0, 20, 20));
+    QTest::mouseClick(window->useButton(), Qt::LeftButton);
+    QVERIFY(m_page->spreadWorker()->waitForIdle(60000));
+    QCoreApplication::processEvents();
     QVERIFY(m_page->pickNotes()->mixedLabel()->isHidden());
     m_page->processCommand(CmdMatchColour);
     QTableWidget *results = m_page->resultsTable();
