@@ -1,5 +1,6 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "app/commandid.h"
 #include "app/mainwindow.h"
 #include "data/chartdatatabcontainer.h"
 #include "data/chartdatawindow.h"
@@ -260,8 +261,8 @@ void TestChartDataWindow::newMakesAnUntitledSet()
 void TestChartDataWindow::unknownCommandsDoNothing()
 {
     addRows(1);
-    page()->processCommand(8);
-    page()->processCommand(13);
+    page()->processCommand(CmdZoomActual);
+    page()->processCommand(CmdMaintainLibrary);
     QVERIFY(page()->isModified());
     QCOMPARE(page()->model()->rowCount(), 1);
 }

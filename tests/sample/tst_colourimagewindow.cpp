@@ -1,5 +1,6 @@
 #include "app/appcontext.h"
 #include "app/appsettings.h"
+#include "app/commandid.h"
 #include "app/mainwindow.h"
 #include "colour/colouraverage.h"
 #include "colour/colourformat.h"
@@ -201,10 +202,10 @@ void TestColourImageWindow::pageStartsWithClickPickingAndSingleSelection()
     CColourImageWindow *page = window.samplingPage();
     QCOMPARE(page->pickMode(), 17);
     QCOMPARE(page->selectionMode(), 19);
-    QVERIFY(page->commandButton(17)->isChecked());
-    QVERIFY(!page->commandButton(18)->isChecked());
-    QVERIFY(page->commandButton(19)->isChecked());
-    QVERIFY(!page->commandButton(20)->isChecked());
+    QVERIFY(page->commandButton(CmdPickClick)->isChecked());
+    QVERIFY(!page->commandButton(CmdPickRubberBand)->isChecked());
+    QVERIFY(page->commandButton(CmdSelectSingle)->isChecked());
+    QVERIFY(!page->commandButton(CmdSelectMultiple)->isChecked());
     QVERIFY(!page->imageWidget()->isRubberBandMode());
 }
 
@@ -301,7 +302,7 @@ void TestColourImageWindow::rubberBandStopsOnePixelShortOfTheEdges()
     auto window = openWindow(image, "band.png");
     QVERIFY(window);
     CColourImageWindow *page = window->samplingPage();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     drag(page->imageWidget(), QPoint(0, 0), QPoint(9, 9));
     QVERIFY(page->isSamplePresent());
     COMPARE_COLOUR(page->sample(), rmsOf(image, QRect(0, 0, 9, 9)));
@@ -314,7 +315,7 @@ void TestColourImageWindow::rubberBandOfZeroScaledWidthChangesNothing()
     QVERIFY(window);
     zoomTo(*window, 14); // 5.0
     CColourImageWindow *page = window->samplingPage();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     drag(page->imageWidget(), QPoint(10, 10), QPoint(12, 30));
     QVERIFY(!page->isSamplePresent());
     QVERIFY(!page->sampleValue(0)->isVisible());
@@ -326,7 +327,7 @@ void TestColourImageWindow::releasingAnyButtonRereadsTheBand()
     auto window = openWindow(image, "reread.png");
     QVERIFY(window);
     CColourImageWindow *page = window->samplingPage();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     drag(page->imageWidget(), QPoint(2, 2), QPoint(8, 6));
     COMPARE_COLOUR(page->sample(), rmsOf(image, QRect(2, 2, 7, 5)));
     // Moving on stretches the band from its origin even with no button held;
@@ -344,7 +345,7 @@ void TestColourImageWindow::bandClickWithoutDragReadsNothing()
     auto window = openWindow(image, "banddot.png");
     QVERIFY(window);
     CColourImageWindow *page = window->samplingPage();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     leftClick(page->imageWidget(), QPoint(15, 15));
     // The band starts as the origin with an invalid size: nothing to read.
     QVERIFY(!page->isSamplePresent());
@@ -391,7 +392,7 @@ void TestColourImageWindow::multipleModeWeighsEachPickTheSame()
     auto window = openWindow(image, "weigh.png");
     QVERIFY(window);
     CColourImageWindow *page = window->samplingPage();
-    page->commandButton(20)->click();
+    page->commandButton(CmdSelectMultiple)->click();
     page->pickSizeCombo()->setCurrentIndex(4);
     leftClick(page->imageWidget(), QPoint(5, 5)); // 81 black pixels
     page->pickSizeCombo()->setCurrentIndex(0);
@@ -490,11 +491,11 @@ void TestColourImageWindow::switchingPickModeReturnsToOneByOne()
     CMainWindow window(AppContext::versionTitle());
     CColourImageWindow *page = window.samplingPage();
     page->pickSizeCombo()->setCurrentIndex(3);
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     QCOMPARE(page->pickSizeCombo()->currentText(), QStringLiteral("1x1"));
     QCOMPARE(page->imageWidget()->pickSize(), 1);
     page->pickSizeCombo()->setCurrentIndex(2);
-    page->commandButton(17)->click();
+    page->commandButton(CmdPickClick)->click();
     QCOMPARE(page->imageWidget()->pickSize(), 1);
     QCOMPARE(page->imageWidget()->lineWidth(), 1);
 }
@@ -503,21 +504,21 @@ void TestColourImageWindow::pickModeButtonsAreExclusive()
 {
     CMainWindow window(AppContext::versionTitle());
     CColourImageWindow *page = window.samplingPage();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     QCOMPARE(page->pickMode(), 18);
     QVERIFY(page->imageWidget()->isRubberBandMode());
-    QVERIFY(page->commandButton(18)->isChecked());
-    QVERIFY(!page->commandButton(17)->isChecked());
+    QVERIFY(page->commandButton(CmdPickRubberBand)->isChecked());
+    QVERIFY(!page->commandButton(CmdPickClick)->isChecked());
     // Pressing the checked button again keeps it checked.
-    page->commandButton(18)->click();
-    QVERIFY(page->commandButton(18)->isChecked());
-    page->commandButton(17)->click();
+    page->commandButton(CmdPickRubberBand)->click();
+    QVERIFY(page->commandButton(CmdPickRubberBand)->isChecked());
+    page->commandButton(CmdPickClick)->click();
     QVERIFY(!page->imageWidget()->isRubberBandMode());
-    QVERIFY(page->commandButton(17)->isChecked());
-    QVERIFY(!page->commandButton(18)->isChecked());
-    page->commandButton(20)->click();
-    QVERIFY(page->commandButton(20)->isChecked());
-    QVERIFY(!page->commandButton(19)->isChecked());
+    QVERIFY(page->commandButton(CmdPickClick)->isChecked());
+    QVERIFY(!page->commandButton(CmdPickRubberBand)->isChecked());
+    page->commandButton(CmdSelectMultiple)->click();
+    QVERIFY(page->commandButton(CmdSelectMultiple)->isChecked());
+    QVERIFY(!page->commandButton(CmdSelectSingle)->isChecked());
     QCOMPARE(page->selectionMode(), 20);
 }
 
@@ -529,7 +530,7 @@ void TestColourImageWindow::sampleSurvivesZoomAndModeChanges()
     leftClick(page->imageWidget(), QPoint(1, 2));
     const QStringList shown = shownValues(page);
     window->commandAction(CmdZoomIn)->trigger();
-    page->commandButton(18)->click();
+    page->commandButton(CmdPickRubberBand)->click();
     page->pickSizeCombo()->setCurrentIndex(2);
     QVERIFY(page->isSamplePresent());
     QCOMPARE(shownValues(page), shown);
@@ -541,15 +542,15 @@ void TestColourImageWindow::openingAnImageClearsTheSampleButKeepsTheModes()
     QVERIFY(window);
     CColourImageWindow *page = window->samplingPage();
     leftClick(page->imageWidget(), QPoint(1, 2));
-    page->commandButton(18)->click();
-    page->commandButton(20)->click();
+    page->commandButton(CmdPickRubberBand)->click();
+    page->commandButton(CmdSelectMultiple)->click();
     const QString next = m_fixture.filePath("keep2.png");
     QVERIFY(ImageWriter::write(ImageWriter::gradient(12, 12), next));
     QVERIFY(openThroughDialog(*window, next));
     QVERIFY(!page->isSamplePresent());
     QCOMPARE(page->pickMode(), 18);
     QCOMPARE(page->selectionMode(), 20);
-    QVERIFY(page->commandButton(18)->isChecked());
+    QVERIFY(page->commandButton(CmdPickRubberBand)->isChecked());
     QVERIFY(page->imageWidget()->isRubberBandMode());
     // The box may show again on hover; a press still starts a band.
     moveTo(page->imageWidget(), QPoint(3, 3));
