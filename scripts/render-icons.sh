@@ -20,7 +20,7 @@ for size in 48 32 16; do
 done
 
 # Main toolbar: 56 x 42.
-for name in recent open_img configure exit help about zoom_out zoom_in zoom_actual; do
+for name in recent open_img configure exit help about zoom_out zoom_in zoom_actual pick_screen; do
   render "btn_toolbar_$name" 56 42 "widgets/toolbar/btn_toolbar_$name.png"
 done
 

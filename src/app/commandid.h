@@ -28,5 +28,7 @@ enum CommandId {
     CmdPickRubberBand = 18,
     CmdSelectSingle = 19,
     CmdSelectMultiple = 20,
-    CmdClearMultiple = 21
+    CmdClearMultiple = 21,
+    // Our own main toolbar button after the zoom buttons.
+    CmdPickFromScreen = 22
 };

@@ -279,7 +279,7 @@ QLabel *CColourImageWindow::sampleValueCaption(int index) const
 QString CColourImageWindow::title() const
 {
     if (m_pasted)
-        return tr("Pasted image") + QStringLiteral(" - ");
+        return (m_captured ? tr("Screen capture") : tr("Pasted image")) + QStringLiteral(" - ");
     if (m_imagePath.isEmpty())
         return QString();
     const QFileInfo info(m_imagePath);
@@ -296,6 +296,7 @@ void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
     m_imagePath = path;
     m_pasted = false;
+    m_captured = false;
     showConverted(image);
 }
 
@@ -303,7 +304,14 @@ void CColourImageWindow::showPastedImage(const QImage &image)
 {
     m_imagePath.clear();
     m_pasted = true;
+    m_captured = false;
     showConverted(image);
+}
+
+void CColourImageWindow::showScreenCapture(const QImage &image)
+{
+    showPastedImage(image);
+    m_captured = true;
 }
 
 void CColourImageWindow::showConverted(const QImage &image)
