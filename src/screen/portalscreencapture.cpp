@@ -69,9 +69,11 @@ void CPortalScreenCapture::start()
         return;
     }
     m_busy = true;
+    // Unique within the process: each request gets its own object path.
+    static int serial = 0;
     const QString token = QStringLiteral("vellora%1_%2")
                               .arg(QCoreApplication::applicationPid())
-                              .arg(++m_serial);
+                              .arg(++serial);
     // Subscribed before calling: the portal may answer before the call returns.
     listen(requestPath(m_bus.baseService(), token));
 

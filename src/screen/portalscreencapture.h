@@ -51,5 +51,4 @@ private:
     QTimer *m_timer = nullptr;
     int m_timeoutMs = kDefaultTimeoutMs;
     bool m_busy = false;
-    int m_serial = 0;
 };
