@@ -29,6 +29,6 @@ enum CommandId {
     CmdSelectSingle = 19,
     CmdSelectMultiple = 20,
     CmdClearMultiple = 21,
-    // Our own main toolbar button after the zoom buttons.
+    // Main toolbar, after the zoom buttons: "Pick from Screen".
     CmdPickFromScreen = 22
 };

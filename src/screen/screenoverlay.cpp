@@ -117,8 +117,12 @@ void CScreenOverlay::paintEvent(QPaintEvent *event)
     if (size() == m_capture.size()) {
         painter.drawImage(area.topLeft(), m_capture, area);
     } else {
+        // Only the part exposed, scaled from the capture's own pixels.
+        const double sx = double(m_capture.width()) / width();
+        const double sy = double(m_capture.height()) / height();
         painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-        painter.drawImage(rect(), m_capture);
+        painter.drawImage(QRectF(area), m_capture,
+                          QRectF(area.x() * sx, area.y() * sy, area.width() * sx, area.height() * sy));
     }
     if (m_dragging) {
         painter.setPen(QPen(Qt::white, 1, Qt::DashLine));

@@ -101,10 +101,13 @@ void CScreenPicker::hideWindows()
     m_hidden.clear();
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
-        if (window->isVisible() && window->windowType() != Qt::Desktop) {
+        if (!window->isVisible() || window->windowType() == Qt::Desktop)
+            continue;
+        // A tool tip or an open menu goes for good; windows come back.
+        const Qt::WindowType type = window->windowType();
+        if (type != Qt::ToolTip && type != Qt::Popup)
             m_hidden.append(window);
-            window->hide();
-        }
+        window->hide();
     }
 }
 

@@ -36,6 +36,7 @@ private slots:
     void dragPicksABand();
     void enterPicksAtTheKeyboardPixel();
     void escCancelsWithoutAPick();
+    void highDpiCaptureMapsPointsToDevicePixels();
 
 private:
     static QImage knownColours();
@@ -266,6 +267,33 @@ void TestScreenOverlay::escCancelsWithoutAPick()
     QCOMPARE(cancelled.count(), 1);
     SampleFixture::leftClick(m_overlay.get(), QPoint(20, 20));
     QCOMPARE(picked.count(), 0);
+}
+
+// A capture at twice the widget's size, as on a screen scaled by 2: every
+// point reads the device pixel under it.
+void TestScreenOverlay::highDpiCaptureMapsPointsToDevicePixels()
+{
+    m_overlay->hide(); // the cursor's moves go to this one alone
+    const QImage small = knownColours();
+    const QImage doubled = small.scaled(small.size() * 2);
+    CScreenOverlay overlay(doubled);
+    overlay.move(0, 0);
+    overlay.resize(small.size());
+    overlay.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&overlay));
+    QSignalSpy picked(&overlay, &CScreenOverlay::picked);
+    SampleFixture::moveTo(&overlay, QPoint(150, 30));
+    QCOMPARE(overlay.cursorPixel(), QPoint(300, 60));
+    QCOMPARE(overlay.loupe()->hexText(), QStringLiteral("#0ac81e"));
+    SampleFixture::moveTo(&overlay, QPoint(120, 60));
+    QCOMPARE(overlay.cursorPixel(), QPoint(240, 120));
+    QCOMPARE(overlay.loupe()->hexText(), QStringLiteral("#0000ff"));
+    SampleFixture::leftClick(&overlay, QPoint(200, 100));
+    QCOMPARE(picked.count(), 1);
+    QCOMPARE(picked.first().first().toRect(), QRect(400, 200, 1, 1));
+    // What shows is the capture scaled down: light grey at the bottom right.
+    QCOMPARE(QColor(overlay.grab(QRect(580, 440, 1, 1)).toImage().pixel(0, 0)),
+             QColor(240, 240, 240));
 }
 
 QTEST_MAIN(TestScreenOverlay)

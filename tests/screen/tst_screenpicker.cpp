@@ -55,6 +55,7 @@ private slots:
     void multipleSelectionGetsASlotAndAMark();
     void loupeNamesFromThePagesLibraryTable();
     void escapeLeavesEverythingAsItWas();
+    void laterPictureIsTitledAsBefore();
     void failedCaptureSaysWhyAndChangesNothing();
 
 private:
@@ -328,6 +329,19 @@ void TestScreenPicker::escapeLeavesEverythingAsItWas()
     QCOMPARE(page()->view()->sourceImage(), image);
     QVERIFY(same(page()->sample(), before));
     QCOMPARE(m_window->settings()->recentFiles, recent);
+}
+
+void TestScreenPicker::laterPictureIsTitledAsBefore()
+{
+    startPick();
+    SampleFixture::leftClick(picker()->overlay(), QPoint(10, 10));
+    QTRY_COMPARE(page()->title(), QStringLiteral("Screen capture - "));
+    page()->showPastedImage(ImageWriter::gradient(5, 5));
+    QCOMPARE(page()->title(), QStringLiteral("Pasted image - "));
+    page()->showScreenCapture(ImageWriter::gradient(5, 5));
+    QCOMPARE(page()->title(), QStringLiteral("Screen capture - "));
+    page()->showImage(m_file, ImageWriter::gradient(5, 5));
+    QVERIFY(page()->title().startsWith(QStringLiteral("opened.png - ")));
 }
 
 void TestScreenPicker::failedCaptureSaysWhyAndChangesNothing()
