@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -48,6 +50,15 @@ bool VirtualDisplay::start(int width, int height)
     m_pid = fork();
     if (m_pid == 0) {
         close(fds[0]);
+        // Gone with the test even when it crashes or is killed, and never
+        // holding the test's output open.
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        const int null = open("/dev/null", O_RDWR);
+        if (null >= 0) {
+            dup2(null, STDIN_FILENO);
+            dup2(null, STDOUT_FILENO);
+            dup2(null, STDERR_FILENO);
+        }
         execlp("Xvfb", "Xvfb", "-displayfd", fd.constData(), "-screen", "0", screen.constData(),
                "-nolisten", "tcp", "-br", "-noreset", static_cast<char *>(nullptr));
         _exit(127);
