@@ -8,6 +8,8 @@ packages=(
   qtbase5-dev qttools5-dev qttools5-dev-tools
   qt5-image-formats-plugins libqt5svg5-dev
   libbenchmark-dev
+  dbus xvfb
+  qtwayland5
   openssl
   locales
   desktop-file-utils appstream

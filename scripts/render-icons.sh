@@ -27,7 +27,7 @@ for size in 16 24 32 48 64 128 256; do
 done
 
 # Main toolbar: 56 x 42.
-for name in recent open_img configure exit help about zoom_out zoom_in zoom_actual; do
+for name in recent open_img configure exit help about zoom_out zoom_in zoom_actual pick_screen; do
   render "btn_toolbar_$name" 56 42 "widgets/toolbar/btn_toolbar_$name.png"
 done
 

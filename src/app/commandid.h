@@ -28,5 +28,7 @@ enum CommandId {
     CmdPickRubberBand = 18,
     CmdSelectSingle = 19,
     CmdSelectMultiple = 20,
-    CmdClearMultiple = 21
+    CmdClearMultiple = 21,
+    // Main toolbar, after the zoom buttons: "Pick from Screen".
+    CmdPickFromScreen = 22
 };

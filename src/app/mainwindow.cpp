@@ -15,6 +15,7 @@
 #include "sample/colourimagewindow.h"
 #include "sample/imagedrop.h"
 #include "sample/imagesource.h"
+#include "screen/screenpicker.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -55,6 +56,13 @@ CMainWindow::CMainWindow(const QString &versionTitle, QWidget *parent)
 
     buildTabs();
     connectPages();
+    auto *screenPicker = new CScreenPicker(this, this);
+    screenPicker->addToToolBar(m_toolBar, commandAction(CmdZoomIn));
+    screenPicker->attachToPage(m_samplingPage, m_settings.get());
+    connect(screenPicker, &CScreenPicker::pictureTaken, this, [this]() {
+        m_tabWidget->setCurrentIndex(m_samplingIndex);
+        updateTitle();
+    });
     auto *helpShortcut = new QShortcut(QKeySequence(tr("Alt+H")), this);
     connect(helpShortcut, &QShortcut::activated, this, [this]() { displayHelp(); });
     auto *standardKeys = new CStandardKeys(this);

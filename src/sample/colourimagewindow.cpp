@@ -159,6 +159,12 @@ void CColourImageWindow::showPastedImage(const QImage &image)
     showConverted(image);
 }
 
+void CColourImageWindow::showScreenCapture(const QImage &image)
+{
+    m_shown.setScreenCapture();
+    showConverted(image);
+}
+
 void CColourImageWindow::showConverted(const QImage &image)
 {
     QString profile;

@@ -56,6 +56,8 @@ public:
     // Shows a picture that came from the clipboard: it has no file, and
     // the title calls it "Pasted image".
     void showPastedImage(const QImage &image);
+    // "Pick from Screen": shown as a pasted picture, titled "Screen capture".
+    void showScreenCapture(const QImage &image);
     bool isPastedImage() const { return m_shown.isPasted(); }
     // Ctrl+C: the sample as "#rrggbb" on the clipboard (nothing without one).
     void copySample();

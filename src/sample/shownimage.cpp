@@ -10,18 +10,26 @@ void CShownImage::setFile(const QString &path)
 {
     m_path = path;
     m_pasted = false;
+    m_captured = false;
 }
 
 void CShownImage::setPasted()
 {
     m_path.clear();
     m_pasted = true;
+    m_captured = false;
+}
+
+void CShownImage::setScreenCapture()
+{
+    setPasted();
+    m_captured = true;
 }
 
 QString CShownImage::title() const
 {
     if (m_pasted)
-        return tr("Pasted image") + QStringLiteral(" - ");
+        return (m_captured ? tr("Screen capture") : tr("Pasted image")) + QStringLiteral(" - ");
     if (m_path.isEmpty())
         return QString();
     const QFileInfo info(m_path);

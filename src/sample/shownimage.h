@@ -22,11 +22,13 @@ public:
     void setFile(const QString &path);
     // A picture without a file.
     void setPasted();
+    // A picture without a file, taken from the screen ("Screen capture").
+    void setScreenCapture();
 
     QString path() const { return m_path; }
     bool isPasted() const { return m_pasted; }
     // The page's part of the window title: "name - folder - ",
-    // "Pasted image - ", or empty without a picture.
+    // "Pasted image - ", "Screen capture - ", or empty without a picture.
     QString title() const;
     // The picture to show: converted to sRGB when the settings ask for it
     // and it carries another profile, whose name goes to `profileName`
@@ -37,4 +39,5 @@ private:
     const CAppSettings *m_settings = nullptr;
     QString m_path;
     bool m_pasted = false;
+    bool m_captured = false;
 };
