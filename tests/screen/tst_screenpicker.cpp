@@ -7,6 +7,7 @@
 #include "sample/libraryselector.h"
 #include "sample/multipleselect.h"
 #include "sample/picknotes.h"
+#include "sample/spreadworker.h"
 #include "screen/loupe.h"
 #include "screen/memoryscreencapture.h"
 #include "screen/screenoverlay.h"
@@ -102,6 +103,9 @@ void TestScreenPicker::init()
     m_file = m_fixture.filePath(QStringLiteral("opened.png"));
     m_window = SampleFixture::openImageWindow(ImageWriter::gradient(60, 40), m_file);
     QVERIFY(m_window);
+    // Wide enough that the page's own clicks below land on the picture
+    // beside the sampling panel at its full width.
+    m_window->resize(1600, 900);
     auto capture = std::make_unique<CMemoryScreenCapture>(desktop());
     m_capture = capture.get();
     QVERIFY(picker());
@@ -230,7 +234,9 @@ void TestScreenPicker::clickPicksAsThePageClickWould()
     QCOMPARE(page()->view()->sourceImage(), desktop());
     QCOMPARE(m_window->settings()->recentFiles, recent);
     QVERIFY(page()->isSamplePresent());
-    QCOMPARE(!page()->pickNotes()->mixedLabel()->isHidden(), mixed);
+    // The note follows once the pick's spread is measured.
+    QVERIFY(page()->spreadWorker()->waitForIdle(60000));
+    QTRY_COMPARE(!page()->pickNotes()->mixedLabel()->isHidden(), mixed);
     const RgbColour fromScreen = page()->sample();
     if (sizeIndex == 0)
         QVERIFY(same(fromScreen, RgbColour{200 / 255.0, 40 / 255.0, 40 / 255.0}));
@@ -250,7 +256,7 @@ void TestScreenPicker::bandPicksAsThePageBandWould()
     SampleFixture::drag(picker()->overlay(), QPoint(420, 140), QPoint(380, 100));
     QTRY_VERIFY(m_window->isVisible());
     QVERIFY(page()->isSamplePresent());
-    QVERIFY(!page()->pickNotes()->mixedLabel()->isHidden());
+    QTRY_VERIFY(!page()->pickNotes()->mixedLabel()->isHidden());
     const RgbColour fromScreen = page()->sample();
 
     page()->processCommand(CmdPickRubberBand);
