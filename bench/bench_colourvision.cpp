@@ -18,6 +18,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "benchhome.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -124,31 +126,12 @@ BENCHMARK(BM_SimulatedRender)
     ->Arg(ColourVision::Tritanomaly)
     ->Unit(benchmark::kMillisecond);
 
-QtMessageHandler g_previousHandler = nullptr;
-
-void quietPlatform(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (message.contains(QLatin1String("propagateSizeHints")))
-        return;
-    if (g_previousHandler)
-        g_previousHandler(type, context, message);
-    else
-        fprintf(stderr, "%s\n", qPrintable(message));
-}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    g_previousHandler = qInstallMessageHandler(quietPlatform);
-    QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (home.path() + "/.config").toUtf8());
-    qputenv("XDG_DATA_HOME", (home.path() + "/.local/share").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (home.path() + "/Documents").toUtf8());
-    QDir(home.path()).mkpath(QStringLiteral("Documents"));
-    QStandardPaths::setTestModeEnabled(true);
+    BenchHome home;
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     {

@@ -9,6 +9,8 @@
 #include <QStandardPaths>
 #include <QTableView>
 
+#include "benchhome.h"
+
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -54,24 +56,12 @@ void BM_ScrollGridAndRepaint(benchmark::State &state)
 }
 BENCHMARK(BM_ScrollGridAndRepaint)->Arg(200)->Unit(benchmark::kMillisecond);
 
-// The offscreen platform warns about every window it cannot size.
-QtMessageHandler g_previousHandler = nullptr;
-
-void quietPlatform(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (message.contains(QLatin1String("propagateSizeHints")))
-        return;
-    if (g_previousHandler)
-        g_previousHandler(type, context, message);
-}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    g_previousHandler = qInstallMessageHandler(quietPlatform);
-    QStandardPaths::setTestModeEnabled(true);
+    BenchHome home;
     QApplication app(argc, argv);
     AppContext::initResources();
     benchmark::Initialize(&argc, argv);

@@ -27,6 +27,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "benchhome.h"
+
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -351,37 +353,18 @@ void BM_KeyboardPick(benchmark::State &state)
 }
 BENCHMARK(BM_KeyboardPick)->Arg(0)->Arg(1)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
 
-QtMessageHandler g_previousHandler = nullptr;
-
-// The offscreen platform warns about every window it cannot size.
-void quietPlatform(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (message.contains(QLatin1String("propagateSizeHints")))
-        return;
-    if (g_previousHandler)
-        g_previousHandler(type, context, message);
-    else
-        fprintf(stderr, "%s\n", qPrintable(message));
-}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    g_previousHandler = qInstallMessageHandler(quietPlatform);
-    QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (home.path() + "/.config").toUtf8());
-    qputenv("XDG_DATA_HOME", (home.path() + "/.local/share").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (home.path() + "/Documents").toUtf8());
+    BenchHome home;
     const QString library = home.path() + QStringLiteral("/Documents/Vellora/ColourLibrary");
     QDir().mkpath(library);
     if (!writeTable(library + QStringLiteral("/Large.clrtable"))) {
         fprintf(stderr, "cannot write the table\n");
         return 1;
     }
-    QStandardPaths::setTestModeEnabled(true);
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     {

@@ -18,6 +18,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "benchhome.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -132,30 +134,12 @@ void BM_LoupeUpdate(benchmark::State &state)
 }
 BENCHMARK(BM_LoupeUpdate)->Arg(1)->Arg(9)->Unit(benchmark::kMillisecond);
 
-QtMessageHandler g_previousHandler = nullptr;
-
-// The offscreen platform's notes on what it cannot do are not results.
-void quietPlatform(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (message.startsWith(QLatin1String("This plugin does not support")))
-        return;
-    if (g_previousHandler)
-        g_previousHandler(type, context, message);
-    else
-        fprintf(stderr, "%s\n", qPrintable(message));
-}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    // No display, and no trace in the user's own settings or documents.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    g_previousHandler = qInstallMessageHandler(quietPlatform);
-    QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (home.path() + "/.config").toUtf8());
-    QStandardPaths::setTestModeEnabled(true);
+    BenchHome home;
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

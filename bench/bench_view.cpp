@@ -16,6 +16,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "benchhome.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -183,34 +185,12 @@ void BM_FullFrameRubberBand(benchmark::State &state)
 }
 BENCHMARK(BM_FullFrameRubberBand)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
-// The offscreen platform warns about every window it cannot size; that
-// says nothing about the view.
-QtMessageHandler g_previousHandler = nullptr;
-
-void quietPlatform(QtMsgType type, const QMessageLogContext &context, const QString &message)
-{
-    if (message.contains(QLatin1String("propagateSizeHints")))
-        return;
-    if (g_previousHandler)
-        g_previousHandler(type, context, message);
-    else
-        fprintf(stderr, "%s\n", qPrintable(message));
-}
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    // No display, and no trace in the user's own settings or documents.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    g_previousHandler = qInstallMessageHandler(quietPlatform);
-    QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", (home.path() + "/.config").toUtf8());
-    qputenv("XDG_DATA_HOME", (home.path() + "/.local/share").toUtf8());
-    qputenv("XDG_DOCUMENTS_DIR", (home.path() + "/Documents").toUtf8());
-    QDir(home.path()).mkpath(QStringLiteral("Documents"));
-    QStandardPaths::setTestModeEnabled(true);
+    BenchHome home;
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     {
