@@ -9,7 +9,10 @@
 
 #include "app/appcontext.h"
 
+#include "support/storedsettings.h"
+
 #include <QApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -22,6 +25,12 @@ int main(int argc, char *argv[])
     AppContext::initResources();
     const QStringList args = application.arguments();
     if (args.value(1) == QLatin1String("session") && args.size() == 5) {
+        // The sampling page's library is the table under test; the first
+        // run's sample table would be a second one beside it.
+        StoredSettings::setValue(QStringLiteral("ColourLibrary/directory"),
+                                 QFileInfo(args.at(4)).absolutePath());
+        StoredSettings::setValue(QStringLiteral("ColourLibrary/selected"), args.at(4));
+        StoredSettings::setValue(QStringLiteral("Sample/created"), true);
         FaultSession session(args.at(2).toUInt(), args.at(3), args.at(4));
         if (!session.start())
             return 2;
