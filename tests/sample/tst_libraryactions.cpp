@@ -129,7 +129,7 @@ void TestLibraryActions::maintenanceThatMakesATableSignalsTheChange()
 
 void TestLibraryActions::maintenanceHelpIsSignalled()
 {
-    QSignalSpy help(m_actions, &CLibraryActions::helpRequested);
+    QSignalSpy help(m_actions, &CLibraryActions::displayHelpSignal);
     QVERIFY(maintain([](CLibColourTableDlg *dialog) {
         QTest::mouseClick(dialog->helpButton(), Qt::LeftButton);
     }));
