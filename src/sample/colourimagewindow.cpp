@@ -320,7 +320,7 @@ void CColourImageWindow::emptyMultipleSelection()
     m_multiple->redrawMarks();
 }
 
-void CColourImageWindow::fillLibraryCombo() { m_library->reload(); }
+void CColourImageWindow::fillLibraryCombo() { m_library->fillLibraryCombo(); }
 
 void CColourImageWindow::colourTableComboListChanged(int index)
 {
