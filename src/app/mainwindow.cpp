@@ -90,9 +90,9 @@ void CMainWindow::connectPages()
     connect(m_samplingPage, &CColourImageWindow::imagePasted, this, &CMainWindow::showPastedImage);
     connect(m_samplingPage, &CColourImageWindow::addToDataSetRequested, this,
             &CMainWindow::addColourToDataSet);
-    connect(m_samplingPage, &CColourImageWindow::helpRequested, this, &CMainWindow::displayHelp);
+    connect(m_samplingPage, &CColourImageWindow::displayHelpSignal, this, &CMainWindow::displayHelp);
     connect(m_dataPage, &CChartDataWindow::titleChanged, this, &CMainWindow::updateTitle);
-    connect(m_dataPage, &CChartDataWindow::helpRequested, this, &CMainWindow::displayHelp);
+    connect(m_dataPage, &CChartDataWindow::displayHelpSignal, this, &CMainWindow::displayHelp);
     m_contrastTools = new CContrastTools(m_samplingPage, m_dataPage->grid(), this);
     m_colourVisionTools = new CColourVisionTools(m_settings.get(), m_samplingPage, this);
 }

@@ -294,7 +294,7 @@ bool CChartDataWindow::addColour(double red, double green, double blue)
 {
     CDlgDataColourAdd dialog(this, m_settings, &m_table, red, green, blue);
     connect(&dialog, &CDlgDataColourAdd::displayHelpSignal, this,
-            &CChartDataWindow::helpRequested);
+            &CChartDataWindow::displayHelpSignal);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     switch (dialog.choice()) {

@@ -71,7 +71,7 @@ signals:
     // The page's part of the window title may have changed.
     void titleChanged();
     // A dialog of the page asked for a help page.
-    void helpRequested(const QString &page);
+    void displayHelpSignal(const QString &page);
 
 private:
     QToolBar *buildToolBar();

@@ -34,7 +34,7 @@ CLibColourTableDlg::CLibColourTableDlg(CAppSettings *settings, QWidget *parent)
             &CLibColourTableDlg::displayHelpSignal);
     // An imported table is at once in the Maintenance page's list too.
     connect(m_importTab, &CLibColourTableTabImport::tableImported, m_generalTab,
-            &CLibColourTableTabGeneral::refill);
+            &CLibColourTableTabGeneral::fillLibraryCombo);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_tabs);

@@ -10,7 +10,7 @@ class QTabWidget;
 
 // "Library Maintenance": the "Maintenance" and "Import" pages. Its opener
 // runs it with exec() and then reads libraryChanged() to know whether to
-// reload its own list of tables.
+// refill its own list of tables.
 class CLibColourTableDlg : public QDialog
 {
     Q_OBJECT

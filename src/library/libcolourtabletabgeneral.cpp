@@ -42,7 +42,7 @@ CLibColourTableTabGeneral::CLibColourTableTabGeneral(CAppSettings *settings,
     layout->addWidget(buildEditGroup());
     layout->addStretch();
     connect(m_mapper, &QSignalMapper::mappedInt, this, &CLibColourTableTabGeneral::processButton);
-    refill();
+    fillLibraryCombo();
 }
 
 QPushButton *CLibColourTableTabGeneral::makeButton(int id, const QString &text, QWidget *parent)
@@ -86,7 +86,7 @@ QWidget *CLibColourTableTabGeneral::buildEditGroup()
     return box;
 }
 
-void CLibColourTableTabGeneral::refill()
+void CLibColourTableTabGeneral::fillLibraryCombo()
 {
     CTableMessages::fillLibraryCombo(m_settings->libraryDir, m_tableCombo);
 }
@@ -116,7 +116,7 @@ void CLibColourTableTabGeneral::processButton(int id)
         return;
     }
     if (done) {
-        refill();
+        fillLibraryCombo();
         setChanged();
     }
 }

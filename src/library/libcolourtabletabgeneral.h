@@ -7,7 +7,7 @@ class QComboBox;
 class QPushButton;
 
 // The "Maintenance" page: create a table, and edit, copy, rename or delete
-// the one chosen in the list. Every successful operation refills the list
+// the one chosen in the list. Every successful operation fillLibraryCombos the list
 // and marks the page changed.
 class CLibColourTableTabGeneral : public CLibColourTableTabBase
 {
@@ -25,7 +25,7 @@ public:
 public slots:
     void processButton(int id);
     // Lists the library folder's tables again (after an import, say).
-    void refill();
+    void fillLibraryCombo();
 
 private:
     QWidget *buildNewGroup();

@@ -83,7 +83,7 @@ void CColourImageWindow::connectPanel()
                 m_notes->clearSpread();
                 setSample(colour, false);
             });
-    connect(findColour, &CFindColourHook::helpRequested, this, &CColourImageWindow::helpRequested);
+    connect(findColour, &CFindColourHook::displayHelpSignal, this, &CColourImageWindow::displayHelpSignal);
     m_match = new CMatchRunner(m_library, m_results, this);
     connect(m_match, &CMatchRunner::matched, this,
             [this]() { commandButton(CmdAddToLibrary)->setEnabled(true); });
@@ -96,8 +96,8 @@ void CColourImageWindow::connectHelpers()
     m_libraryActions = new CLibraryActions(m_settings, m_library, this);
     connect(m_libraryActions, &CLibraryActions::libraryChanged, this,
             &CColourImageWindow::libraryChanged);
-    connect(m_libraryActions, &CLibraryActions::helpRequested, this,
-            &CColourImageWindow::helpRequested);
+    connect(m_libraryActions, &CLibraryActions::displayHelpSignal, this,
+            &CColourImageWindow::displayHelpSignal);
     m_clipboard = new CSampleClipboard(this);
     connect(m_clipboard, &CSampleClipboard::copyRequested, this, &CColourImageWindow::copySample);
     connect(m_clipboard, &CSampleClipboard::imagePasted, this, &CColourImageWindow::imagePasted);
@@ -320,7 +320,7 @@ void CColourImageWindow::emptyMultipleSelection()
     m_multiple->redrawMarks();
 }
 
-void CColourImageWindow::fillLibraryCombo() { m_library->reload(); }
+void CColourImageWindow::fillLibraryCombo() { m_library->fillLibraryCombo(); }
 
 void CColourImageWindow::colourTableComboListChanged(int index)
 {

@@ -130,7 +130,7 @@ signals:
     // Ctrl+V found a picture on the clipboard.
     void imagePasted(const QImage &image);
     // A dialog opened from this page asks for a page of the manual.
-    void helpRequested(const QString &page);
+    void displayHelpSignal(const QString &page);
 
 public slots:
     void processCommand(int action);

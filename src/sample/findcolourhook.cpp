@@ -47,7 +47,7 @@ void CFindColourHook::open()
     m_window->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_window, &CDlgFindColour::colourChosen, this,
             [this](const QString &, const RgbColour &colour) { emit colourChosen(colour); });
-    connect(m_window, &CDlgFindColour::displayHelpSignal, this, &CFindColourHook::helpRequested);
+    connect(m_window, &CDlgFindColour::displayHelpSignal, this, &CFindColourHook::displayHelpSignal);
     m_window->show();
     m_window->searchField()->setFocus();
 }

@@ -35,7 +35,7 @@ public slots:
 
 signals:
     void colourChosen(const RgbColour &colour);
-    void helpRequested(const QString &page);
+    void displayHelpSignal(const QString &page);
 
 private:
     void showMenu(const QPoint &pos);

@@ -28,7 +28,7 @@ bool CLibraryActions::execMaintenance()
         return false;
     CLibColourTableDlg dialog(m_settings, m_parent);
     connect(&dialog, &CLibColourTableDlg::displayHelpSignal, this,
-            &CLibraryActions::helpRequested);
+            &CLibraryActions::displayHelpSignal);
     dialog.exec();
     return dialog.libraryChanged();
 }
@@ -43,7 +43,7 @@ void CLibraryActions::addSample(const RgbColour &sample, bool present)
     const CLibColourTable &table = m_library->table();
     CDlgLibColourTableAdd dialog(m_parent, table.filePath(), &table, sample, m_settings);
     connect(&dialog, &CDlgLibColourTableAdd::displayHelpSignal, this,
-            &CLibraryActions::helpRequested);
+            &CLibraryActions::displayHelpSignal);
     if (dialog.exec() == QDialog::Accepted)
         addEntry(dialog.name(), sample);
 }

@@ -36,7 +36,7 @@ signals:
     // The library folder's tables changed.
     void libraryChanged();
     // A dialog asks for a page of the manual.
-    void helpRequested(const QString &page);
+    void displayHelpSignal(const QString &page);
 
 private:
     bool execMaintenance();

@@ -12,7 +12,7 @@ CLibrarySelector::CLibrarySelector(CAppSettings *settings, QWidget *parent)
             &CLibrarySelector::currentItemChanged);
 }
 
-void CLibrarySelector::reload()
+void CLibrarySelector::fillLibraryCombo()
 {
     if (!m_settings)
         return;

@@ -12,7 +12,7 @@ class CAppSettings;
 // The choice of colour match library table on the sampling page: lists the
 // tables of the library folder, loads the chosen one and remembers it in the
 // settings. Whatever changes the library folder's tables (the maintenance
-// dialog, a new library folder) calls reload() afterwards.
+// dialog, a new library folder) calls fillLibraryCombo() afterwards.
 class CLibrarySelector : public QComboBox
 {
     Q_OBJECT
@@ -39,10 +39,10 @@ public:
 public slots:
     // Lists the library folder's tables again and selects the remembered
     // one, which is loaded anew (a tableSelected signal follows).
-    void reload();
+    void fillLibraryCombo();
 
 signals:
-    // The user (or a reload) chose the item at `index`; its table is not
+    // The user (or a refill of the list) chose the item at `index`; its table is not
     // loaded yet.
     void tableSelected(int index);
 

@@ -322,7 +322,7 @@ void TestConfigureCommand::libraryFolderAlreadySetDoesNotReloadTheList()
     auto window = windowWithGreyTable();
     QVERIFY(window);
     QVERIFY(showWindow(*window));
-    // A table that appears after the list was read shows only on a reload.
+    // A table that appears after the list was read shows only once the list is filled again.
     CLibColourTable table;
     table.add(new CColourTableEntry(QStringLiteral("Blue"), 0, 0, 1));
     QVERIFY(table.write(m_library + QStringLiteral("/blues.clrtable")));

@@ -707,7 +707,7 @@ void TestChartDataWindow::cancelledAddColourDialogAddsNothing()
 
 void TestChartDataWindow::addColourHelpGoesToTheMainWindow()
 {
-    QSignalSpy forwarded(page(), &CChartDataWindow::helpRequested);
+    QSignalSpy forwarded(page(), &CChartDataWindow::displayHelpSignal);
     ModalAnswerer answer(QStringLiteral("Cancel"), [&](QWidget *dialog) {
         if (auto *add = qobject_cast<CDlgDataColourAdd *>(dialog))
             emit add->displayHelpSignal(QStringLiteral("data.html#dataAddColour"));
@@ -716,7 +716,7 @@ void TestChartDataWindow::addColourHelpGoesToTheMainWindow()
     QVERIFY(answer.wasAnswered());
     QCOMPARE(forwarded.count(), 1);
     QCOMPARE(forwarded.at(0).at(0).toString(), QStringLiteral("data.html#dataAddColour"));
-    QVERIFY(QObject::disconnect(page(), &CChartDataWindow::helpRequested, m_window.get(),
+    QVERIFY(QObject::disconnect(page(), &CChartDataWindow::displayHelpSignal, m_window.get(),
                                 &CMainWindow::displayHelp));
 }
 

@@ -204,13 +204,13 @@ void TestLibraryCommands::maintenanceHelpGoesToTheMainWindow()
 {
     auto window = openWindow(QStringLiteral("Base.clrtable"));
     QVERIFY(window);
-    QSignalSpy forwarded(window->samplingPage(), &CColourImageWindow::helpRequested);
+    QSignalSpy forwarded(window->samplingPage(), &CColourImageWindow::displayHelpSignal);
     QVERIFY(maintain(*window, [](CLibColourTableDlg *dialog) {
         QTest::mouseClick(dialog->helpButton(), Qt::LeftButton);
     }));
     QCOMPARE(forwarded.count(), 1);
     QCOMPARE(forwarded.at(0).at(0).toString(), QStringLiteral("library.html#libMaintTabA"));
-    QVERIFY(QObject::disconnect(window->samplingPage(), &CColourImageWindow::helpRequested,
+    QVERIFY(QObject::disconnect(window->samplingPage(), &CColourImageWindow::displayHelpSignal,
                                 window.get(), &CMainWindow::displayHelp));
 }
 
@@ -318,7 +318,7 @@ void TestLibraryCommands::addColourHelpGoesToTheMainWindow()
     QVERIFY(window);
     pickOrange(*window);
     window->samplingPage()->commandButton(CmdMatchColour)->click();
-    QSignalSpy forwarded(window->samplingPage(), &CColourImageWindow::helpRequested);
+    QSignalSpy forwarded(window->samplingPage(), &CColourImageWindow::displayHelpSignal);
     ModalAnswerer answer(QStringLiteral("Cancel"), [](QWidget *dialog) {
         if (auto *add = qobject_cast<CDlgLibColourTableAdd *>(dialog))
             QTest::mouseClick(add->helpButton(), Qt::LeftButton);

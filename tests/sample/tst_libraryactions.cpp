@@ -80,7 +80,7 @@ void TestLibraryActions::init()
     m_actions = new CLibraryActions(m_settings.get(), m_library, m_host.get());
     m_host->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
-    m_library->reload();
+    m_library->fillLibraryCombo();
     QCOMPARE(m_library->table().count(), 2);
 }
 
@@ -129,7 +129,7 @@ void TestLibraryActions::maintenanceThatMakesATableSignalsTheChange()
 
 void TestLibraryActions::maintenanceHelpIsSignalled()
 {
-    QSignalSpy help(m_actions, &CLibraryActions::helpRequested);
+    QSignalSpy help(m_actions, &CLibraryActions::displayHelpSignal);
     QVERIFY(maintain([](CLibColourTableDlg *dialog) {
         QTest::mouseClick(dialog->helpButton(), Qt::LeftButton);
     }));
@@ -187,7 +187,7 @@ void TestLibraryActions::entryThatCannotBeWrittenIsTakenOutAgain()
     for (int i = 0; i < 60; ++i)
         big += "0.5000, 0.5000, 0.5000, Grey number " + QByteArray::number(i) + '\n';
     QVERIFY(FixtureFile::write(lib(QStringLiteral("Base.clrtable")), big));
-    m_library->reload();
+    m_library->fillLibraryCombo();
     QCOMPARE(m_library->table().count(), 60);
     ModalAnswerer answer(QStringLiteral("OK"));
     bool written = true;

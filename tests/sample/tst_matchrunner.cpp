@@ -92,7 +92,7 @@ bool TestMatchRunner::selectTable(const QString &name, const QVector<RgbColour> 
     if (!table.write(path))
         return false;
     m_settings->selectedTable = path;
-    m_library->reload();
+    m_library->fillLibraryCombo();
     return m_library->currentText() == name && m_library->table().count() == colours.size();
 }
 

@@ -98,7 +98,7 @@ void TestSamplingPageClipboard::matchAgainstTrio(const RgbColour &sample)
     table.add(new CColourTableEntry(QStringLiteral("Black"), 0, 0, 0));
     table.add(new CColourTableEntry(QStringLiteral("White"), 1, 1, 1));
     QVERIFY(table.write(QDir(m_settings->libraryDir).filePath(QStringLiteral("Trio.clrtable"))));
-    m_page->librarySelector()->reload();
+    m_page->librarySelector()->fillLibraryCombo();
     const int index = m_page->libraryCombo()->findText(QStringLiteral("Trio"));
     QVERIFY(index >= 0);
     m_page->libraryCombo()->setCurrentIndex(index);

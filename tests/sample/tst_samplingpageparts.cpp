@@ -169,7 +169,7 @@ void TestSamplingPageParts::librarySelectorListsATableWrittenBeforeReload()
     QCOMPARE(selector->findText(QStringLiteral("Zeta")), -1);
     QVERIFY(!writeLibraryTable(QStringLiteral("Zeta.clrtable"), {0.5, 0.5, 0.5}).isEmpty());
     QSignalSpy selected(selector, &CLibrarySelector::tableSelected);
-    selector->reload();
+    selector->fillLibraryCombo();
     QVERIFY(selector->findText(QStringLiteral("Zeta")) >= 0);
     QCOMPARE(selected.count(), 1);
 }
@@ -194,7 +194,7 @@ void TestSamplingPageParts::librarySelectorMatchesTheTableAsItNowStands()
     CLibrarySelector *selector = m_page->librarySelector();
     QVERIFY(!writeLargeLibraryTable(QStringLiteral("Zeta.clrtable"), 0.5).isEmpty());
     QVERIFY(!writeLargeLibraryTable(QStringLiteral("Omega.clrtable"), 0.9).isEmpty());
-    selector->reload();
+    selector->fillLibraryCombo();
     QVERIFY(selector->loadTable(selector->findText(QStringLiteral("Zeta"))));
     const RgbColour added{0.2, 0.4, 0.6};
     QVERIFY(selector->matcher().bestRows(added, 4).first().deltaE > 1.0f);

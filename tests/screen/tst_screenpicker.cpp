@@ -295,7 +295,7 @@ void TestScreenPicker::loupeNamesFromThePagesLibraryTable()
     const QString dir = m_window->settings()->libraryDir;
     QVERIFY(QDir().mkpath(dir));
     QVERIFY(table.write(QDir(dir).filePath(QStringLiteral("Pair.clrtable"))));
-    page()->librarySelector()->reload();
+    page()->librarySelector()->fillLibraryCombo();
     const int index = page()->libraryCombo()->findText(QStringLiteral("Pair"));
     QVERIFY(index >= 0);
     page()->libraryCombo()->setCurrentIndex(index);
