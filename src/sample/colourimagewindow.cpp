@@ -75,15 +75,9 @@ void CColourImageWindow::connectPanel()
     connect(m_library, &CLibrarySelector::tableSelected, this,
             &CColourImageWindow::colourTableComboListChanged);
     auto *findColour = new CFindColourHook(m_library, this, m_settings);
-    connect(findColour, &CFindColourHook::colourChosen, this,
-            [this](const RgbColour &colour) {
-                // A named colour has no spread: one still measured for the
-                // last pick must not land on it.
-                m_spread->cancel();
-                m_notes->clearSpread();
-                setSample(colour, false);
-            });
-    connect(findColour, &CFindColourHook::displayHelpSignal, this, &CColourImageWindow::displayHelpSignal);
+    connect(findColour, &CFindColourHook::colourChosen, this, &CColourImageWindow::showNamedColour);
+    connect(findColour, &CFindColourHook::displayHelpSignal, this,
+            &CColourImageWindow::displayHelpSignal);
     m_match = new CMatchRunner(m_library, m_results, this);
     connect(m_match, &CMatchRunner::matched, this,
             [this]() { commandButton(CmdAddToLibrary)->setEnabled(true); });
@@ -113,7 +107,6 @@ QToolButton *CColourImageWindow::commandButton(int command) const
 }
 
 QComboBox *CColourImageWindow::pickSizeCombo() const { return m_panel->pickSizeCombo(); }
-
 QLabel *CColourImageWindow::maximumNotice() const { return m_panel->maximumNotice(); }
 
 const CMultipleSelection &CColourImageWindow::multipleSelection() const
@@ -127,25 +120,17 @@ CMultipleSelect *CColourImageWindow::multipleSlot(int slot) const
 }
 
 const CLibColourTable &CColourImageWindow::libraryTable() const { return m_library->table(); }
-
 QComboBox *CColourImageWindow::libraryCombo() const { return m_library; }
-
 QTableWidget *CColourImageWindow::resultsTable() const { return m_results; }
-
 QLabel *CColourImageWindow::swatch() const { return m_samplePanel->swatch(); }
-
 QWidget *CColourImageWindow::swatchFrame() const { return m_samplePanel->swatchFrame(); }
-
 QLabel *CColourImageWindow::sampleCaption() const { return m_samplePanel->caption(); }
-
 QLabel *CColourImageWindow::sampleValue(int index) const { return m_samplePanel->value(index); }
 
 QLabel *CColourImageWindow::sampleValueCaption(int index) const
 {
     return m_samplePanel->valueCaption(index);
 }
-
-QString CColourImageWindow::title() const { return m_shown.title(); }
 
 void CColourImageWindow::showImage(const QString &path, const QImage &image)
 {
@@ -180,11 +165,7 @@ void CColourImageWindow::copySample()
 }
 
 void CColourImageWindow::pasteImage() { m_clipboard->paste(); }
-
 void CColourImageWindow::zoomStep(int command) { m_view->zoomStep(command); }
-
-int CColourImageWindow::zoomIndex() const { return m_zoomIndex; }
-
 void CColourImageWindow::setZoomIndex(int index)
 {
     m_zoomIndex = index;
@@ -287,6 +268,13 @@ void CColourImageWindow::setSample(const RgbColour &colour, bool clear)
     }
     m_panel->enableSampleCommands(true);
     m_samplePanel->showColour(colour, rgbFormat());
+}
+
+void CColourImageWindow::showNamedColour(const RgbColour &colour)
+{
+    m_spread->cancel();
+    m_notes->clearSpread();
+    setSample(colour, false);
 }
 
 void CColourImageWindow::refreshSampleText()

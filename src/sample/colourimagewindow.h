@@ -49,7 +49,7 @@ public:
     explicit CColourImageWindow(CAppSettings *settings, QWidget *parent = nullptr);
     ~CColourImageWindow() override;
 
-    QString title() const override;
+    QString title() const override { return m_shown.title(); }
 
     // Shows a newly opened image (path for the title, image for the view).
     void showImage(const QString &path, const QImage &image);
@@ -66,7 +66,7 @@ public:
     void pasteImage();
     // Main window zoom commands 6, 7, 8.
     void zoomStep(int command);
-    int zoomIndex() const;
+    int zoomIndex() const { return m_zoomIndex; }
     // The view reports its level; signalled on as zoomChanged.
     void setZoomIndex(int index);
     // Re-reads the list of library tables.
@@ -148,6 +148,9 @@ private:
     void connectView();
     void connectPanel();
     void connectHelpers();
+    // "Find Colour…" chose a named colour. It has no spread: one still
+    // measured for the last pick must not land on it.
+    void showNamedColour(const RgbColour &colour);
 
     void setPickMode(int command);
     void setSelectionMode(int command);
