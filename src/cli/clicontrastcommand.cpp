@@ -62,18 +62,9 @@ CCliStatus CCliContrastCommand::runBatch(std::FILE *input, bool json)
     CCliLineReader reader(input);
     QByteArray line;
     for (;;) {
-        switch (reader.next(&line)) {
-        case CCliLineReader::End:
-            return CCliStatus::ok();
-        case CCliLineReader::ReadError:
-            return CCliStatus::badInput(QStringLiteral("cannot read standard input after line %1")
-                                            .arg(reader.lineNumber()));
-        case CCliLineReader::TooLong:
-            return CCliStatus::badInput(QStringLiteral("line %1: longer than %2 bytes")
-                                            .arg(reader.lineNumber())
-                                            .arg(reader.maximumLength()));
-        case CCliLineReader::Line:
-            break;
+        const CCliLineReader::Result result = reader.next(&line);
+        if (result != CCliLineReader::Line) {
+            return reader.stopStatus(result);
         }
         const CCliStatus status = batchLine(reader, line, json);
         if (status.failed())

@@ -22,3 +22,20 @@ CCliLineReader::Result CCliLineReader::next(QByteArray *line)
         line->chop(1);
     return Line;
 }
+
+CCliStatus CCliLineReader::stopStatus(Result result) const
+{
+    switch (result) {
+    case ReadError:
+        return CCliStatus::badInput(
+            QStringLiteral("cannot read standard input after line %1").arg(m_lineNumber));
+    case TooLong:
+        return CCliStatus::badInput(QStringLiteral("line %1: longer than %2 bytes")
+                                        .arg(m_lineNumber)
+                                        .arg(m_maximumLength));
+    case Line:
+    case End:
+        break;
+    }
+    return CCliStatus::ok();
+}

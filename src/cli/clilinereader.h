@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/clistatus.h"
+
 #include <QByteArray>
 
 #include <cstdio>
@@ -25,6 +27,9 @@ public:
     // 1-based number of the line last returned (or being read).
     int lineNumber() const { return m_lineNumber; }
     int maximumLength() const { return m_maximumLength; }
+    // What a batch command answers when next() gave no line: success at the
+    // end of the input, and otherwise the read error or the line too long.
+    CCliStatus stopStatus(Result result) const;
 
     static const int kDefaultMaximumLength = 1 << 20;
 

@@ -95,19 +95,11 @@ CCliStatus CCliMatchBatch::readSamples(CCliLineReader *reader, std::vector<Sampl
 {
     QByteArray line;
     while (samples->size() < kSamplesPerRound) {
-        switch (reader->next(&line)) {
-        case CCliLineReader::End:
-            *atEnd = true;
-            return CCliStatus::ok();
-        case CCliLineReader::ReadError:
-            return CCliStatus::badInput(QStringLiteral("cannot read standard input after line %1")
-                                            .arg(reader->lineNumber()));
-        case CCliLineReader::TooLong:
-            return CCliStatus::badInput(QStringLiteral("line %1: longer than %2 bytes")
-                                            .arg(reader->lineNumber())
-                                            .arg(reader->maximumLength()));
-        case CCliLineReader::Line:
-            break;
+        const CCliLineReader::Result result = reader->next(&line);
+        if (result != CCliLineReader::Line) {
+            if (result == CCliLineReader::End)
+                *atEnd = true;
+            return reader->stopStatus(result);
         }
         const QByteArray text = samplePart(line);
         if (text.isEmpty())

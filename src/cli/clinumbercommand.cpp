@@ -39,18 +39,9 @@ CCliStatus CCliNumberCommand::runBatch(std::FILE *input) const
     CCliLineReader reader(input);
     QByteArray line;
     for (;;) {
-        switch (reader.next(&line)) {
-        case CCliLineReader::End:
-            return CCliStatus::ok();
-        case CCliLineReader::ReadError:
-            return CCliStatus::badInput(QStringLiteral("cannot read standard input after line %1")
-                                            .arg(reader.lineNumber()));
-        case CCliLineReader::TooLong:
-            return CCliStatus::badInput(QStringLiteral("line %1: longer than %2 bytes")
-                                            .arg(reader.lineNumber())
-                                            .arg(reader.maximumLength()));
-        case CCliLineReader::Line:
-            break;
+        const CCliLineReader::Result result = reader.next(&line);
+        if (result != CCliLineReader::Line) {
+            return reader.stopStatus(result);
         }
         const CCliStatus status = convertLine(line, reader.lineNumber());
         if (status.failed())
