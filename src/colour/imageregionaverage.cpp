@@ -134,10 +134,12 @@ public:
 
     // Whether the next row should go through the cache. A picture without
     // repeated colours (noise) would only thrash it, so after a row with
-    // few hits the cache is left out, and tried again every 16th row.
+    // few hits the cache is left out and tried again 16 rows later; each
+    // trial that fails again doubles the wait, up to 256 rows, since a
+    // trial row costs several times a row of the vector path.
     bool useForNextRow()
     {
-        if (m_worthIt || ++m_rowsWithout >= kRowsBetweenTrials) {
+        if (m_worthIt || ++m_rowsWithout >= m_rowsBetweenTrials) {
             m_rowsWithout = 0;
             return true;
         }
@@ -145,8 +147,13 @@ public:
     }
     void rowDone(int width)
     {
+        const bool wasWorthIt = m_worthIt;
         m_worthIt = m_hits * 4 >= qint64(width);
         m_hits = 0;
+        if (m_worthIt || wasWorthIt)
+            m_rowsBetweenTrials = kRowsBetweenTrials;
+        else
+            m_rowsBetweenTrials = std::min(2 * m_rowsBetweenTrials, kMostRowsBetweenTrials);
     }
 
     // Converts one row into sum (in order), through the cache or not.
@@ -164,6 +171,7 @@ public:
 private:
     static constexpr int kBits = 16;
     static constexpr int kRowsBetweenTrials = 16;
+    static constexpr int kMostRowsBetweenTrials = 256;
     static constexpr uint32_t kEmpty = 0xffffffffu;
     struct Slot
     {
@@ -174,6 +182,7 @@ private:
     std::array<Slot, (1 << kBits)> m_slots{};
     qint64 m_hits = 0;
     int m_rowsWithout = 0;
+    int m_rowsBetweenTrials = kRowsBetweenTrials;
     bool m_worthIt = true;
 };
 
