@@ -148,7 +148,7 @@ public:
     void rowDone(int width)
     {
         const bool wasWorthIt = m_worthIt;
-        m_worthIt = m_hits * 4 >= qint64(width);
+        m_worthIt = m_hits * 16 >= qint64(width) * m_hitsWantedPer16;
         m_hits = 0;
         if (m_worthIt || wasWorthIt)
             m_rowsBetweenTrials = kRowsBetweenTrials;
@@ -183,6 +183,11 @@ private:
     qint64 m_hits = 0;
     int m_rowsWithout = 0;
     int m_rowsBetweenTrials = kRowsBetweenTrials;
+    // The share of hits (in sixteenths) that makes the cache pay: a
+    // quarter against the plain code, nearly all against the vector path,
+    // which converts a row of a photograph faster than the cache looks its
+    // colours up and loses only to flat areas of a few colours.
+    int m_hitsWantedPer16 = LabRowSum::chosen() == LabRowSum::Path::Plain ? 4 : 15;
     bool m_worthIt = true;
 };
 
