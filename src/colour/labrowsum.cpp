@@ -2,6 +2,7 @@
 
 #include "colour/colourconversion.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cmath>
@@ -108,16 +109,6 @@ __attribute__((target("avx2,fma"))) __m256d labF(__m256d t, __m256d roughRoot)
     return _mm256_blendv_pd(linear, refinedCubeRoot(t, roughRoot), cube);
 }
 
-// f of eight t, the rough roots of all eight worked out together.
-__attribute__((target("avx2,fma"))) void labF8(__m256d low, __m256d high, const Avx2Constants &c,
-                                               __m256d *f)
-{
-    const __m256 rough = roughInverseCubeRoot(
-        _mm256_set_m128(_mm256_cvtpd_ps(high), _mm256_cvtpd_ps(low)), c);
-    f[0] = labF(low, _mm256_cvtps_pd(_mm256_castps256_ps128(rough)));
-    f[1] = labF(high, _mm256_cvtps_pd(_mm256_extractf128_ps(rough, 1)));
-}
-
 // linearisedBytes() of four byte values. (The masked gather, all lanes on:
 // the plain one leaves the compiler thinking its source may be unset.)
 __attribute__((target("avx2,fma"))) __m256d linearised(const double *linear, __m128i bytes)
@@ -168,30 +159,55 @@ const double kOverWhite[3][3] = {
     {0.0193 / kWhiteZ, 0.1192 / kWhiteZ, 0.9505 / kWhiteZ},
 };
 
-// Sums of fx, fy and fz of xyzToLabFast, four lanes each.
-struct FSums
+// The t of X, Y and Z of up to kChunk pixels. Worked out first and stored,
+// the lookups' and the cube roots' long chains of dependent steps do not
+// hold each other up: each loop's steps overlap those of its next round.
+constexpr int kChunk = 64;
+struct alignas(32) TChunk
 {
-    __m256d x;
-    __m256d y;
-    __m256d z;
+    double t[3][kChunk];
 };
 
-// Adds f of X, Y and Z of eight pixels to the sums.
-__attribute__((target("avx2,fma"))) void addF8(const QRgb *pixels, const Avx2Constants &c,
-                                               FSums &sums)
+// t of `count` pixels (a multiple of eight up to kChunk).
+__attribute__((target("avx2,fma"))) void fillT(const QRgb *pixels, int count,
+                                               const Avx2Constants &c, TChunk &chunk)
 {
-    const Rgb8 rgb = linearisedRgb8(pixels, c.linear);
-    __m256d t[3][2];
-    for (size_t row = 0; row < 3; ++row) {
-        for (size_t h = 0; h < 2; ++h)
-            t[row][h] = matrixRow(kOverWhite[row], rgb.r[h], rgb.g[h], rgb.b[h]);
+    for (int j = 0; j < count; j += 8) {
+        const Rgb8 rgb = linearisedRgb8(pixels + j, c.linear);
+        for (size_t k = 0; k < 3; ++k) {
+            for (int h = 0; h < 2; ++h)
+                _mm256_store_pd(&chunk.t[k][j + 4 * h],
+                                matrixRow(kOverWhite[k], rgb.r[h], rgb.g[h], rgb.b[h]));
+        }
     }
-    __m256d f[3][2];
-    for (size_t row = 0; row < 3; ++row)
-        labF8(t[row][0], t[row][1], c, f[row]);
-    sums.x = _mm256_add_pd(sums.x, _mm256_add_pd(f[0][0], f[0][1]));
-    sums.y = _mm256_add_pd(sums.y, _mm256_add_pd(f[1][0], f[1][1]));
-    sums.z = _mm256_add_pd(sums.z, _mm256_add_pd(f[2][0], f[2][1]));
+}
+
+// The rough roots of eight stored t, in single precision.
+__attribute__((target("avx2,fma"))) __m256 roughInverseCubeRoot8(const double *t,
+                                                                 const Avx2Constants &c)
+{
+    const __m128 low = _mm256_cvtpd_ps(_mm256_load_pd(t));
+    const __m128 high = _mm256_cvtpd_ps(_mm256_load_pd(t + 4));
+    return roughInverseCubeRoot(_mm256_set_m128(high, low), c);
+}
+
+// Adds f of `count` stored t of one of X, Y and Z to its sum: the rough
+// roots of all of them first, then the refinements, for the same reason
+// as the chunks.
+__attribute__((target("avx2,fma"))) __m256d addF(const double *t, int count, const Avx2Constants &c,
+                                                 __m256d sum)
+{
+    __m256 rough[kChunk / 8];
+    for (int j = 0; j < count; j += 8)
+        rough[j / 8] = roughInverseCubeRoot8(t + j, c);
+    for (int j = 0; j < count; j += 8) {
+        const __m256 y = rough[j / 8];
+        const __m256d low = labF(_mm256_load_pd(t + j), _mm256_cvtps_pd(_mm256_castps256_ps128(y)));
+        const __m256d high =
+            labF(_mm256_load_pd(t + j + 4), _mm256_cvtps_pd(_mm256_extractf128_ps(y, 1)));
+        sum = _mm256_add_pd(sum, _mm256_add_pd(low, high));
+    }
+    return sum;
 }
 
 __attribute__((target("avx2,fma"))) double laneSum(__m256d v)
@@ -206,13 +222,19 @@ __attribute__((target("avx2,fma"))) double laneSum(__m256d v)
 __attribute__((target("avx2,fma"))) void addAvx2(const QRgb *row, int width, LabColour &sum)
 {
     const Avx2Constants c = avx2Constants();
-    FSums f{_mm256_setzero_pd(), _mm256_setzero_pd(), _mm256_setzero_pd()};
+    __m256d f[3] = {_mm256_setzero_pd(), _mm256_setzero_pd(), _mm256_setzero_pd()};
+    TChunk chunk;
     int i = 0;
-    for (; i + 8 <= width; i += 8)
-        addF8(row + i, c, f);
-    const double fx = laneSum(f.x);
-    const double fy = laneSum(f.y);
-    const double fz = laneSum(f.z);
+    while (i + 8 <= width) {
+        const int count = std::min(kChunk, (width - i) & ~7);
+        fillT(row + i, count, c, chunk);
+        for (size_t k = 0; k < 3; ++k)
+            f[k] = addF(chunk.t[k], count, c, f[k]);
+        i += count;
+    }
+    const double fx = laneSum(f[0]);
+    const double fy = laneSum(f[1]);
+    const double fz = laneSum(f[2]);
     sum.L += 116.0 * fy - 16.0 * double(i);
     sum.a += 500.0 * (fx - fy);
     sum.b += 200.0 * (fy - fz);

@@ -167,14 +167,15 @@ void TestLabRowSum::everyPathMatchesTheExactConversion()
 }
 
 // Widths that leave 0 to 7 pixels after the groups of eight, none at all,
-// and rows of noise, smooth ramps and pure black or white.
+// around the vector code's blocks of 64 pixels, and rows of noise, smooth
+// ramps and pure black or white.
 void TestLabRowSum::vectorAndPlainSumsAgree_data()
 {
     QTest::addColumn<int>("width");
     QTest::addColumn<int>("kind");
     for (int width = 0; width <= 17; ++width)
         QTest::addRow("%d pixels of noise", width) << width << 0;
-    for (const int width : {63, 1000, 6001, 6007})
+    for (const int width : {63, 64, 65, 71, 72, 129, 1000, 6001, 6007})
         QTest::addRow("%d pixels of noise", width) << width << 0;
     for (const int width : {5, 8, 6001})
         QTest::addRow("gradient, %d pixels", width) << width << 1;
