@@ -157,21 +157,24 @@ public:
     }
 
     // Converts one row into sum (in order), through the cache or not.
+    // A trial takes the start of a wide row only, the rest going past.
     void addRow(const QRgb *row, int width, LabColour &sum)
     {
+        int cached = 0;
         if (useForNextRow()) {
-            for (int i = 0; i < width; ++i)
+            cached = m_worthIt ? width : std::min(width, kTrialPixels);
+            for (int i = 0; i < cached; ++i)
                 addLab(sum, lab(row[i]));
-            rowDone(width);
-        } else {
-            LabRowSum::add(row, width, sum);
+            rowDone(cached);
         }
+        LabRowSum::add(row + cached, width - cached, sum);
     }
 
 private:
     static constexpr int kBits = 16;
     static constexpr int kRowsBetweenTrials = 16;
     static constexpr int kMostRowsBetweenTrials = 256;
+    static constexpr int kTrialPixels = 1024;
     static constexpr uint32_t kEmpty = 0xffffffffu;
     struct Slot
     {
