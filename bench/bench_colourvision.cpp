@@ -1,7 +1,8 @@
 // The image view simulating a colour vision deficiency on a 24 megapixel
 // photograph: a full repaint of a 1600 x 1000 viewport at several zooms,
-// beside the same repaint of the plain view, and the simulation of one
-// viewport-sized buffer alone. Runs offscreen.
+// beside the same repaint of the plain view; the same repaint when nothing
+// kept can be reused (after a change of simulation) and after a scroll; and
+// the simulation of one viewport-sized buffer alone. Runs offscreen.
 
 #include "access/simulatedpicture.h"
 #include "common/appcontext.h"
@@ -24,6 +25,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -108,6 +110,58 @@ BENCHMARK(BM_ViewportRepaint)
     ->ArgsProduct({{0, 3, 5, 7, 9, 12, 15}, {1, 0}})
     ->Unit(benchmark::kMillisecond);
 
+// A repaint that cannot reuse anything kept: before each one the simulation
+// changes (deuteranomaly 0.6 and 0.7 in turn), so that the part in sight is
+// scaled and simulated afresh, as after a change of zoom, picture or setting.
+void BM_ViewportRepaintAfterChange(benchmark::State &state)
+{
+    Page &p = *g_page;
+    const std::shared_ptr<const ColourVision> visions[2] = {
+        std::make_shared<const ColourVision>(ColourVision::Deuteranomaly, 0.6),
+        std::make_shared<const ColourVision>(ColourVision::Deuteranomaly, 0.7)};
+    p.page->imageWidget()->setColourVision(visions[0]);
+    p.zoomTo(int(state.range(0)));
+    QWidget *viewport = p.page->view()->viewport();
+    int turn = 0;
+    for (auto _ : state) {
+        p.page->imageWidget()->setColourVision(visions[++turn % 2]);
+        const QPixmap shown = viewport->grab();
+        benchmark::DoNotOptimize(shown.cacheKey());
+    }
+    state.SetLabel(QStringLiteral("%1 %, simulated")
+                       .arg(CColourImageWindowView::zoomFactor(int(state.range(0))) * 100)
+                       .toStdString());
+}
+BENCHMARK(BM_ViewportRepaintAfterChange)
+    ->DenseRange(0, 15, 1)
+    ->Unit(benchmark::kMillisecond);
+
+// A scroll by 40 pixels down or up, then a repaint of the whole viewport:
+// the part still in sight is kept, the 40 rows that came into sight drawn.
+void BM_ViewportScroll(benchmark::State &state)
+{
+    Page &p = *g_page;
+    p.page->imageWidget()->setColourVision(
+        std::make_shared<const ColourVision>(ColourVision::Deuteranomaly, 0.6));
+    p.zoomTo(int(state.range(0)));
+    QWidget *viewport = p.page->view()->viewport();
+    QScrollBar *bar = p.page->view()->verticalScrollBar();
+    const int start = bar->value();
+    int step = 40;
+    for (auto _ : state) {
+        if (bar->value() + step > bar->maximum() || bar->value() + step < bar->minimum())
+            step = -step;
+        bar->setValue(bar->value() + step);
+        const QPixmap shown = viewport->grab();
+        benchmark::DoNotOptimize(shown.cacheKey());
+    }
+    bar->setValue(start);
+    state.SetLabel(QStringLiteral("%1 %, simulated")
+                       .arg(CColourImageWindowView::zoomFactor(int(state.range(0))) * 100)
+                       .toStdString());
+}
+BENCHMARK(BM_ViewportScroll)->Arg(3)->Arg(5)->Arg(7)->Arg(12)->Unit(benchmark::kMillisecond);
+
 // The simulation of one 1600 x 1000 buffer at 100 %, without the widget.
 void BM_SimulatedRender(benchmark::State &state)
 {
@@ -126,6 +180,24 @@ BENCHMARK(BM_SimulatedRender)
     ->Arg(ColourVision::Tritanomaly)
     ->Unit(benchmark::kMillisecond);
 
+// The per-pixel simulation alone on one thread: a viewport's worth of the
+// photograph's pixels, every one different from the one before it.
+void BM_SimulatePixels(benchmark::State &state)
+{
+    static const QImage image = photograph();
+    const ColourVision vision(ColourVision::Deuteranomaly, 0.6);
+    const int rows = kViewport.height();
+    std::vector<QRgb> out(size_t(kViewport.width()));
+    for (auto _ : state) {
+        for (int y = 0; y < rows; ++y) {
+            const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(1500 + y));
+            vision.simulatePixels(line + 2000, out.data(), kViewport.width());
+        }
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetItemsProcessed(state.iterations() * rows * kViewport.width());
+}
+BENCHMARK(BM_SimulatePixels)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -81,10 +81,12 @@ private:
     Type m_type;
     double m_severity;
     CvdMatrices::Matrix m_matrix;
-    // m_products[(3 * i + j) * 256 + v]: m[i][j] times the linear value of
-    // byte v, fixed point with 1 << 16 for 1.0; one flat block of 9 KB that
-    // stays in the first-level cache.
-    std::array<int32_t, 9 * 256> m_products{};
-    // Linear fixed point 0 .. kOne to the nearest encoded byte.
+    // m_columns[(256 * j + v) * 4 + i]: m[i][j] times the linear value of
+    // byte v: for one input channel the contributions
+    // to the three outputs side by side (and a zero), so that a pixel is the
+    // sum of three groups of four, added at once where the processor can.
+    // 12 KB that stay in the first-level cache.
+    alignas(16) std::array<float, 3 * 256 * 4> m_columns{};
+    // The nearest encoded byte at steps of the square root of linear values.
     std::vector<uint8_t> m_encode;
 };

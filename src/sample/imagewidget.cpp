@@ -1,6 +1,7 @@
 #include "sample/imagewidget.h"
 
 #include "access/simulatedpicture.h"
+#include "access/simulatedviewcache.h"
 #include "colour/colourvision.h"
 #include "colour/pickgeometry.h"
 #include "sample/colourimagewindowview.h"
@@ -45,7 +46,8 @@ QBrush checkerBrush()
 
 } // namespace
 
-CImageWidget::CImageWidget(CColourImageWindowView *view) : QLabel(view), m_view(view)
+CImageWidget::CImageWidget(CColourImageWindowView *view)
+    : QLabel(view), m_view(view), m_simulated(std::make_unique<CSimulatedViewCache>())
 {
     setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     setMouseTracking(true);
@@ -343,14 +345,10 @@ CImageWidget::SelectionMark CImageWidget::markFor(int number, const QRect &rect)
 
 void CImageWidget::paintEvent(QPaintEvent *event)
 {
-    const QImage &image = m_view->sourceImage();
-    if (image.isNull())
-        return;
-    const QRect source = exposedImageRect(event->rect());
-    if (source.isEmpty())
+    if (m_view->sourceImage().isNull() || exposedImageRect(event->rect()).isEmpty())
         return;
     QPainter painter(this);
-    paintPicture(painter, source);
+    paintPicture(painter, event->rect());
     paintMarks(painter);
 }
 
@@ -358,20 +356,19 @@ void CImageWidget::paintEvent(QPaintEvent *event)
 // side so that smooth scaling blends across the edges of separate repaints.
 QRect CImageWidget::exposedImageRect(const QRect &widgetRect) const
 {
-    const double f = viewFactor();
-    const QPoint first(int(std::floor(widgetRect.left() / f)) - 1,
-                       int(std::floor(widgetRect.top() / f)) - 1);
-    const QPoint last(int(std::ceil((widgetRect.right() + 1) / f)),
-                      int(std::ceil((widgetRect.bottom() + 1) / f)));
-    return QRect(first, last).intersected(m_view->sourceImage().rect());
+    return SimulatedPicture::sourceRect(widgetRect, viewFactor(), m_view->sourceImage().size());
 }
 
-void CImageWidget::paintPicture(QPainter &painter, const QRect &source) const
+void CImageWidget::paintPicture(QPainter &painter, const QRect &exposed)
 {
     const QImage &image = m_view->sourceImage();
     const double f = viewFactor();
-    if (m_vision && !m_vision->isNormal())
-        return SimulatedPicture::paint(painter, image, source, f, *m_vision, checkerBrush());
+    if (m_vision && !m_vision->isNormal()) {
+        const QWidget *port = m_view->viewport();
+        const QRect visible(mapFrom(port, QPoint(0, 0)), port->size());
+        return m_simulated->paint(painter, image, exposed, visible, f, m_vision, checkerBrush());
+    }
+    const QRect source = exposedImageRect(exposed);
     painter.save();
     painter.scale(f, f);
     // Crisp pixels when zoomed in; when zoomed out, blending the sampled

@@ -10,6 +10,7 @@
 class CColourImageWindowView;
 class ColourVision;
 class CMultipleSelect;
+class CSimulatedViewCache;
 class QRubberBand;
 
 // The picture on the sampling page. Its size is the zoomed size of the image;
@@ -89,7 +90,7 @@ private:
     void startRubberBand(const QPoint &point);
     void pick(const QRect &imageRect);
     QRect exposedImageRect(const QRect &widgetRect) const;
-    void paintPicture(QPainter &painter, const QRect &source) const;
+    void paintPicture(QPainter &painter, const QRect &exposed);
     void paintMarks(QPainter &painter) const;
     void paintMarkFrame(QPainter &painter, const QRect &imageRect) const;
     struct Span
@@ -103,6 +104,8 @@ private:
 
     CColourImageWindowView *m_view = nullptr;
     std::shared_ptr<const ColourVision> m_vision;
+    // The simulated picture in sight, kept between repaints.
+    std::unique_ptr<CSimulatedViewCache> m_simulated;
     int m_zoomIndex = 7;
     QLabel *m_pickBox = nullptr;
     int m_pickSize = 1;

@@ -13,6 +13,7 @@
 #include "tables/libcolourtable.h"
 
 #include "support/guitestfixture.h"
+#include "support/imagewriter.h"
 #include "support/popupmenuchooser.h"
 #include "support/samplefixture.h"
 #include "support/storedsettings.h"
@@ -68,6 +69,7 @@ private slots:
     void menuOffersEveryVisionWithTheCurrentChecked();
     void simulatedViewPaintsTheSimulationButPicksReadStoredPixels();
     void simulationHoldsAtOtherZooms();
+    void anotherPictureIsShownSimulatedAfresh();
     void labelSaysHowTheSampleLooksWithItsNearestName();
     void severityOfAnAnomalyIsChosenAndKept();
     void settingIsRememberedAcrossStarts();
@@ -174,6 +176,27 @@ void TestColourVisionTools::simulationHoldsAtOtherZooms()
     QCOMPARE(QColor(shownPixel(page->imageWidget(), QPoint(41, 33))), QColor(127, 127, 127));
     SampleFixture::zoomTo(*m_window, 5);
     QCOMPARE(QColor(shownPixel(page->imageWidget(), QPoint(10, 8))), QColor(127, 127, 127));
+}
+
+// The simulated view keeps what it drew between repaints: a new picture of
+// the same size must not show the old one's pixels.
+void TestColourVisionTools::anotherPictureIsShownSimulatedAfresh()
+{
+    CColourImageWindow *page = openRedPicture();
+    QVERIFY(page);
+    choose({"Colour Vision", "Protanopia (no red cones)"});
+    QCOMPARE(QColor(shownPixel(page->imageWidget(), QPoint(30, 20))), QColor(109, 95, 0));
+    QImage blue(40, 30, QImage::Format_RGB32);
+    blue.fill(qRgb(0, 0, 255));
+    const QString path = m_home.filePath(QStringLiteral("blue.png"));
+    QVERIFY(ImageWriter::write(blue, path));
+    QVERIFY(SampleFixture::openThroughDialog(*m_window, path));
+    page = m_window->samplingPage();
+    QVERIFY(page);
+    // Blue under protanopia is the matrix's third column: red -0.204868
+    // (clamped to 0), green 0.099216 linear (encoded 0.3479, byte 89), blue
+    // 1.051998 (clamped to 1).
+    QCOMPARE(QColor(shownPixel(page->imageWidget(), QPoint(30, 20))), QColor(0, 89, 255));
 }
 
 void TestColourVisionTools::labelSaysHowTheSampleLooksWithItsNearestName()
