@@ -4,7 +4,7 @@
 // kept can be reused (after a change of simulation) and after a scroll; and
 // the simulation of one viewport-sized buffer alone. Runs offscreen.
 
-#include "access/simulatedpicture.h"
+#include "sample/simulatedpicture.h"
 #include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourvision.h"

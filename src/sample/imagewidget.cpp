@@ -1,7 +1,7 @@
 #include "sample/imagewidget.h"
 
-#include "access/simulatedpicture.h"
-#include "access/simulatedviewcache.h"
+#include "sample/simulatedpicture.h"
+#include "sample/simulatedviewcache.h"
 #include "colour/colourvision.h"
 #include "colour/pickgeometry.h"
 #include "sample/colourimagewindowview.h"

@@ -1,6 +1,6 @@
 // The simulated view's painting: only the exposed part, at every zoom, each
 // screen pixel the simulation of the picture pixel under it.
-#include "access/simulatedpicture.h"
+#include "sample/simulatedpicture.h"
 #include "colour/colourvision.h"
 
 #include <QBrush>

@@ -1,4 +1,4 @@
-#include "access/simulatedpicture.h"
+#include "sample/simulatedpicture.h"
 
 #include "colour/colourvision.h"
 

@@ -10,8 +10,8 @@
 // other byte; the core's own test bounds that path by the same one step
 // over the whole colour cube. The scaling is the plain view's own drawing
 // of the same areas, so it adds nothing; bands of rows split no row.
-#include "access/simulatedpicture.h"
-#include "access/simulatedviewcache.h"
+#include "sample/simulatedpicture.h"
+#include "sample/simulatedviewcache.h"
 #include "colour/colourvision.h"
 
 #include <QBrush>

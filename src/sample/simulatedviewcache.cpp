@@ -1,6 +1,6 @@
-#include "access/simulatedviewcache.h"
+#include "sample/simulatedviewcache.h"
 
-#include "access/simulatedpicture.h"
+#include "sample/simulatedpicture.h"
 #include "colour/colourvision.h"
 
 #include <QPainter>
