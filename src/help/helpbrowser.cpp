@@ -49,13 +49,13 @@ QVariant CHelpBrowser::loadResource(int type, const QUrl &url)
     return QTextBrowser::loadResource(type, url);
 }
 
-void CHelpBrowser::setSource(const QUrl &url)
+void CHelpBrowser::doSetSource(const QUrl &url, QTextDocument::ResourceType type)
 {
     if (isExternal(url)) {
         QDesktopServices::openUrl(url);
         return;
     }
-    QTextBrowser::setSource(url);
+    QTextBrowser::doSetSource(url, type);
     if (QFileInfo(url.path()).suffix().toLower() == QLatin1String("html"))
         selectContentItem(url);
 }

@@ -16,8 +16,9 @@ public:
 
     QVariant loadResource(int type, const QUrl &url) override;
 
-public slots:
-    void setSource(const QUrl &url) override;
+protected:
+    // Every way to a page (a link, the contents, setSource) ends here.
+    void doSetSource(const QUrl &url, QTextDocument::ResourceType type) override;
 
 private:
     // Makes the contents tree show the entry of the page on display.

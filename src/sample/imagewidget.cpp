@@ -128,7 +128,7 @@ QPoint CImageWidget::imagePoint(const QPoint &widgetPoint, double factor)
 // every handler agrees on the point whatever the event's own local position.
 QPoint CImageWidget::widgetPoint(const QMouseEvent *event) const
 {
-    const QPointF global = event->screenPos();
+    const QPointF global = VersionCompat::globalPosition(event);
     return mapFromGlobal(QPoint(qRound(global.x()), qRound(global.y())));
 }
 
@@ -142,7 +142,7 @@ void CImageWidget::mouseMoveEvent(QMouseEvent *event)
     QLabel::mouseMoveEvent(event);
     // Scrolling under a still cursor sends moves too: while the keys drive
     // the box, only a cursor that really moved takes it back.
-    const QPoint global = event->globalPos();
+    const QPoint global = VersionCompat::globalPosition(event).toPoint();
     if (m_keyboardActive && global == m_lastMouseGlobal)
         return;
     m_lastMouseGlobal = global;
@@ -197,7 +197,7 @@ void CImageWidget::movePickBox(const QPoint &point)
     m_pickBox->move(point.x() - side / 2, point.y() - side / 2);
 }
 
-void CImageWidget::enterEvent(QEvent *event)
+void CImageWidget::enterEvent(VersionCompat::EnterEvent *event)
 {
     QLabel::enterEvent(event);
     setMouseInside(true);
