@@ -117,7 +117,7 @@ void TestImageFile::truncatedJpegOpensOrIsRefusedWithoutCrash()
     QVERIFY(ImageWriter::writeJpeg(path("whole.jpg"), 64, 48, QColor(200, 100, 50)));
     const QByteArray jpeg = FixtureFile::read(path("whole.jpg"));
     QVERIFY(jpeg.size() > 200);
-    for (const int keep : {jpeg.size() / 2, 300, 20}) {
+    for (const int keep : {int(jpeg.size() / 2), 300, 20}) {
         QVERIFY(FixtureFile::write(path("cut.jpg"), jpeg.left(keep)));
         QImage image;
         const CImageFile::Status status = CImageFile::read(path("cut.jpg"), &image);
