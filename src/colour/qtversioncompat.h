@@ -7,8 +7,11 @@
 #include <QImageReader>
 #include <QMouseEvent>
 #include <QPointF>
+#include <QRect>
 #include <QTextStream>
 #include <QtGlobal>
+
+#include <utility>
 
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
 #include <QStringConverter>
@@ -56,6 +59,25 @@ inline void setAllocationLimit(QImageReader &reader, qint64 bytes)
     Q_UNUSED(reader)
     Q_UNUSED(bytes)
 #endif
+}
+
+// The rectangle between two corners given in either order, both corners
+// inside it, as QRect::normalized() gives it in Qt 5. Qt 6's normalized()
+// moves both swapped edges one pixel inwards, which would shrink a band
+// dragged or typed from right to left by a row and a column.
+inline QRect normalised(const QRect &rect)
+{
+    int x1 = rect.left();
+    int x2 = rect.right();
+    int y1 = rect.top();
+    int y2 = rect.bottom();
+    if (x2 < x1 - 1)
+        std::swap(x1, x2);
+    if (y2 < y1 - 1)
+        std::swap(y1, y2);
+    QRect out;
+    out.setCoords(x1, y1, x2, y2);
+    return out;
 }
 
 } // namespace VersionCompat

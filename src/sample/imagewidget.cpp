@@ -151,7 +151,7 @@ void CImageWidget::mouseMoveEvent(QMouseEvent *event)
     m_keyboardActive = false;
     m_keyPixel = CKeyboardPick::clamped(imagePoint(p, viewFactor()), m_view->sourceImage().size());
     if (m_rubberBandMode) {
-        m_rubberBand->setGeometry(QRect(m_origin, p).normalized());
+        m_rubberBand->setGeometry(VersionCompat::normalised(QRect(m_origin, p)));
         return;
     }
     if (!m_boxSuppressed && m_mouseInside)
@@ -293,7 +293,7 @@ void CImageWidget::mouseReleaseEvent(QMouseEvent *event)
     m_dragging = false;
     if (!m_rubberBandMode)
         return;
-    const QRect band = m_rubberBand->geometry().normalized();
+    const QRect band = VersionCompat::normalised(m_rubberBand->geometry());
     m_rubberBand->hide();
     pick(bandPickRect(band, viewFactor(), m_view->sourceImage().size()));
 }
