@@ -28,7 +28,11 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 # TIFF image plugin, the SQLite driver of the help engine and the Wayland
 # platform at run time, so those are named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt5-image-formats-plugins, libqt5sql5-sqlite, qtwayland5")
+if(VELLORA_QT_MAJOR STREQUAL "6")
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-image-formats-plugins, libqt6sql6-sqlite, qt6-wayland")
+else()
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt5-image-formats-plugins, libqt5sql5-sqlite, qtwayland5")
+endif()
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS OFF)
 
 # The source tarball: the tree as committed, without build folders.

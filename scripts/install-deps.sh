@@ -10,6 +10,8 @@ packages=(
   libbenchmark-dev
   dbus xvfb
   qtwayland5
+  qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools
+  qt6-image-formats-plugins qt6-svg-dev qt6-wayland libqt6sql6-sqlite libgl-dev
   openssl
   locales
   desktop-file-utils appstream

@@ -6,6 +6,7 @@
 #   ./scripts/test.sh --sanitize   Debug build with AddressSanitizer (leak
 #                                  detection on) and UndefinedBehaviorSanitizer
 #                                  in ./build-sanitize; any finding fails its test
+#   ./scripts/test.sh --qt6        RelWithDebInfo build against Qt 6 in ./build-qt6
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 "$root/scripts/install-deps.sh"
@@ -23,6 +24,10 @@ else
   # In CI a warning in our own code fails the build.
   if [ -n "${CI:-}" ]; then
     export VELLORA_WERROR=ON
+  fi
+  if [ "${1:-}" = "--qt6" ]; then
+    export VELLORA_QT_MAJOR=6
+    export VELLORA_BUILD_DIR="${VELLORA_QT6_BUILD_DIR:-$root/build-qt6}"
   fi
   "$root/scripts/build.sh"
   cd "${VELLORA_BUILD_DIR:-$root/build}"

@@ -153,7 +153,7 @@ void takeMainWindowPictures(CMainWindow &window, const QString &picture)
 
 int main(int argc, char *argv[])
 {
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    AppContext::setDisplayScaling();
     CApplication application(argc, argv);
     if (argc < 3) {
         std::fprintf(stderr, "usage: vellora-screenshots OUTPUT_FOLDER HELP_FOLDER\n");

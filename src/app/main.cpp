@@ -49,7 +49,7 @@ int main(int argc, char *argv[])
     if (line.action() != CCommandLine::Start)
         return print(line);
 
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+    AppContext::setDisplayScaling();
     CApplication application(argc, argv);
     AppContext::setApplicationIdentity();
     AppContext::initResources();

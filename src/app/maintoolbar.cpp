@@ -39,7 +39,7 @@ const int kToolBarLayout[] = {CmdRecentImages, CmdOpenImage,    kLayoutSeparator
 
 QKeySequence zoomActualKey()
 {
-    return QKeySequence(Qt::CTRL + Qt::Key_0);
+    return QKeySequence(Qt::CTRL | Qt::Key_0);
 }
 
 QString nativeText(const QKeySequence &key)

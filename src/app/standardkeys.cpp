@@ -21,9 +21,9 @@ QList<QKeySequence> CStandardKeys::keys(QKeySequence::StandardKey key)
     if (!bound.isEmpty())
         return bound;
     if (key == QKeySequence::SaveAs)
-        return {QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S)};
+        return {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)};
     if (key == QKeySequence::Quit)
-        return {QKeySequence(Qt::CTRL + Qt::Key_Q)};
+        return {QKeySequence(Qt::CTRL | Qt::Key_Q)};
     return {};
 }
 

@@ -10,6 +10,7 @@
 #include "colour/imageregionaverage.h"
 #include "colour/pickspread.h"
 #include "colour/pickgeometry.h"
+#include "colour/qtversioncompat.h"
 #include "tables/libcolourtable.h"
 
 
@@ -146,7 +147,8 @@ CCliStatus CCliSampleCommand::readPick(const CCliArguments &args, Request *reque
         const CCliStatus status = coordinates(args.value(QStringLiteral("band")), 4,
                                               QStringLiteral("--band X0,Y0,X1,Y1"), &v);
         if (!status.failed())
-            request->band = QRect(QPoint(v.at(0), v.at(1)), QPoint(v.at(2), v.at(3))).normalized();
+            request->band = VersionCompat::normalised(
+                QRect(QPoint(v.at(0), v.at(1)), QPoint(v.at(2), v.at(3))));
         return status;
     }
     CCliStatus status = pickSize(args, &request->pickSize);

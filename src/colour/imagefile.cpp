@@ -1,5 +1,7 @@
 #include "colour/imagefile.h"
 
+#include "colour/qtversioncompat.h"
+
 #include <QImageReader>
 
 #include <algorithm>
@@ -23,6 +25,7 @@ qint64 CImageFile::decodedBytes(const QSize &size, QImage::Format format)
 CImageFile::Status CImageFile::read(const QString &path, QImage *image, QString *reason)
 {
     QImageReader reader(path);
+    VersionCompat::setAllocationLimit(reader, kMaximumDecodedBytes);
     const QSize size = reader.size();
     if (size.isValid()) {
         // A palette picture is shown with 32-bit pixels, so count at least those.

@@ -1,5 +1,7 @@
 #include "colour/pickgeometry.h"
 
+#include "colour/qtversioncompat.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -40,7 +42,7 @@ QRect clickPickRect(const QPoint &widgetPoint, double zoom, int pickSize, const 
 
 QRect bandPickRect(const QRect &widgetBand, double zoom, const QSize &imageSize)
 {
-    const QRect r = widgetBand.normalized();
+    const QRect r = VersionCompat::normalised(widgetBand);
     int x0 = truncated(r.left() / zoom);
     int y0 = truncated(r.top() / zoom);
     int w = truncated(r.width() / zoom);

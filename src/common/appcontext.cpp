@@ -3,6 +3,7 @@
 #include "version.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 // Q_INIT_RESOURCE cannot be used inside a namespace.
 static void registerCompiledResources()
@@ -58,3 +59,12 @@ void initResources()
 }
 
 } // namespace AppContext
+
+void AppContext::setDisplayScaling()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
+#endif
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::Round);
+}

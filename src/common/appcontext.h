@@ -23,6 +23,11 @@ QString widgetPrefix();  // ":/resources/widgets/"
 void setWidgetPrefix(const QString &prefix);
 // An image named relative to the widget prefix, e.g. "toolbar/btn_toolbar_open_img.png".
 QIcon widgetIcon(const QString &name);
+// Scales windows to the screen's resolution with the scale factor rounded
+// to a whole number, in Qt 6 (where scaling is always on and the factor
+// would otherwise pass through unrounded, 1.25 or 1.5) as in Qt 5. Called
+// before the application object exists.
+void setDisplayScaling();
 // Registers the compiled-in images (needed once per process that shows widgets).
 void initResources();
 

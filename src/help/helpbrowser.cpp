@@ -49,19 +49,36 @@ QVariant CHelpBrowser::loadResource(int type, const QUrl &url)
     return QTextBrowser::loadResource(type, url);
 }
 
+bool CHelpBrowser::openedOutside(const QUrl &url)
+{
+    if (!isExternal(url))
+        return false;
+    QDesktopServices::openUrl(url);
+    return true;
+}
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+void CHelpBrowser::doSetSource(const QUrl &url, QTextDocument::ResourceType type)
+{
+    if (openedOutside(url))
+        return;
+    QTextBrowser::doSetSource(url, type);
+    selectContentItem(url);
+}
+#else
 void CHelpBrowser::setSource(const QUrl &url)
 {
-    if (isExternal(url)) {
-        QDesktopServices::openUrl(url);
+    if (openedOutside(url))
         return;
-    }
     QTextBrowser::setSource(url);
-    if (QFileInfo(url.path()).suffix().toLower() == QLatin1String("html"))
-        selectContentItem(url);
+    selectContentItem(url);
 }
+#endif
 
 void CHelpBrowser::selectContentItem(const QUrl &url)
 {
+    if (QFileInfo(url.path()).suffix().toLower() != QLatin1String("html"))
+        return;
     QHelpContentWidget *contents = m_helpEngine->contentWidget();
     QHelpContentModel *model = m_helpEngine->contentModel();
     QModelIndex samePage;

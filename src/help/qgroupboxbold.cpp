@@ -3,8 +3,8 @@
 #include <QChildEvent>
 
 namespace {
-const int kBoldWeight = 75;
-const int kNormalWeight = 50;
+const QFont::Weight kBoldWeight = QFont::Bold;
+const QFont::Weight kNormalWeight = QFont::Normal;
 } // namespace
 
 QGroupBoxBold::QGroupBoxBold(const QString &title, QWidget *parent) : QGroupBox(title, parent)

@@ -1,6 +1,7 @@
 #include "help/tipdialog.h"
 
 #include "app/appsettings.h"
+#include "colour/qtversioncompat.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -92,7 +93,7 @@ QStringList CTipDialog::readTips(const QString &path)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return QStringList();
     QTextStream stream(&file);
-    stream.setCodec("UTF-8");
+    VersionCompat::setUtf8(stream);
     return parseTips(stream.readAll());
 }
 

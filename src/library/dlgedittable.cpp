@@ -15,7 +15,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRegExp>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QTableWidget>
 #include <QTextBlock>
@@ -32,9 +32,9 @@ const int kSwatchWidth = 34;
 const int kNameChars = 24;
 
 // Any of the three line ends.
-QRegExp lineBreaks()
+QRegularExpression lineBreaks()
 {
-    return QRegExp(QStringLiteral("\\n|\\r\\n|\\r"));
+    return QRegularExpression(QStringLiteral("\\r\\n|\\n|\\r"));
 }
 
 } // namespace

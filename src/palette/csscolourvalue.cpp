@@ -37,7 +37,7 @@ int skipQuotedOrUrl(const QString &value, int pos)
         const int close = value.indexOf(c, pos + 1);
         return close < 0 ? value.size() : close + 1;
     }
-    if (value.midRef(pos, 4).compare(QLatin1String("url("), Qt::CaseInsensitive) == 0
+    if (QStringView(value).mid(pos, 4).compare(QLatin1String("url("), Qt::CaseInsensitive) == 0
         && (pos == 0 || !isWordChar(value.at(pos - 1)))) {
         const int close = value.indexOf(QLatin1Char(')'), pos);
         return close < 0 ? value.size() : close + 1;
@@ -50,9 +50,9 @@ int functionStart(const QString &value, int pos)
 {
     if (pos > 0 && isWordChar(value.at(pos - 1)))
         return 0;
-    if (value.midRef(pos, 5).compare(QLatin1String("rgba("), Qt::CaseInsensitive) == 0)
+    if (QStringView(value).mid(pos, 5).compare(QLatin1String("rgba("), Qt::CaseInsensitive) == 0)
         return 5;
-    if (value.midRef(pos, 4).compare(QLatin1String("rgb("), Qt::CaseInsensitive) == 0)
+    if (QStringView(value).mid(pos, 4).compare(QLatin1String("rgb("), Qt::CaseInsensitive) == 0)
         return 4;
     return 0;
 }

@@ -65,7 +65,7 @@ QString colourName(const CCssPalette::Declaration &d, int index)
 // Where the value's text starts on a line after the declaration's start.
 int lineOfOffset(const CCssPalette::Declaration &d, int offset)
 {
-    return d.line + int(d.value.leftRef(offset).count(QLatin1Char('\n')));
+    return d.line + int(QStringView(d.value).left(offset).count(QLatin1Char('\n')));
 }
 
 // A statement that ends at `end` (";", "{" or "}"): a selector opens a

@@ -130,7 +130,7 @@ QPoint CImageWidget::imagePoint(const QPoint &widgetPoint, double factor)
 // every handler agrees on the point whatever the event's own local position.
 QPoint CImageWidget::widgetPoint(const QMouseEvent *event) const
 {
-    const QPointF global = event->screenPos();
+    const QPointF global = VersionCompat::globalPosition(event);
     return mapFromGlobal(QPoint(qRound(global.x()), qRound(global.y())));
 }
 
@@ -144,7 +144,7 @@ void CImageWidget::mouseMoveEvent(QMouseEvent *event)
     QLabel::mouseMoveEvent(event);
     // Scrolling under a still cursor sends moves too: while the keys drive
     // the box, only a cursor that really moved takes it back.
-    const QPoint global = event->globalPos();
+    const QPoint global = VersionCompat::globalPosition(event).toPoint();
     if (m_keyboardActive && global == m_lastMouseGlobal)
         return;
     m_lastMouseGlobal = global;
@@ -153,7 +153,7 @@ void CImageWidget::mouseMoveEvent(QMouseEvent *event)
     m_keyboardActive = false;
     m_keyPixel = CKeyboardPick::clamped(imagePoint(p, viewFactor()), m_view->sourceImage().size());
     if (m_rubberBandMode) {
-        m_rubberBand->setGeometry(QRect(m_origin, p).normalized());
+        m_rubberBand->setGeometry(VersionCompat::normalised(QRect(m_origin, p)));
         return;
     }
     if (!m_boxSuppressed && m_mouseInside)
@@ -199,7 +199,7 @@ void CImageWidget::movePickBox(const QPoint &point)
     m_pickBox->move(point.x() - side / 2, point.y() - side / 2);
 }
 
-void CImageWidget::enterEvent(QEvent *event)
+void CImageWidget::enterEvent(VersionCompat::EnterEvent *event)
 {
     QLabel::enterEvent(event);
     setMouseInside(true);
@@ -295,7 +295,7 @@ void CImageWidget::mouseReleaseEvent(QMouseEvent *event)
     m_dragging = false;
     if (!m_rubberBandMode)
         return;
-    const QRect band = m_rubberBand->geometry().normalized();
+    const QRect band = VersionCompat::normalised(m_rubberBand->geometry());
     m_rubberBand->hide();
     pick(bandPickRect(band, viewFactor(), m_view->sourceImage().size()));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "colour/qtversioncompat.h"
+
 #include <QLabel>
 #include <QPoint>
 #include <QRect>
@@ -73,7 +75,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(VersionCompat::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     // Arrows move the pick box a pixel (Shift: ten), Space or Enter picks.
     void keyPressEvent(QKeyEvent *event) override;

@@ -1,7 +1,6 @@
 #include "sample/spreadworker.h"
 
 #include <QMetaObject>
-#include <QtConcurrent/QtConcurrentRun>
 
 CSpreadWorker::CSpreadWorker(QObject *parent) : QObject(parent)
 {
@@ -23,7 +22,7 @@ void CSpreadWorker::start(const QImage &image, const QRect &region, const RgbCol
     const quint64 generation = ++m_generation;
     m_busy = true;
     const std::shared_ptr<std::atomic<bool>> stop = m_cancel;
-    QtConcurrent::run(&m_pool, [this, image, region, average, stop, generation]() {
+    m_pool.start([this, image, region, average, stop, generation]() {
         PickSpread spread;
         if (!pickSpread(image, region, average, &spread, stop.get()))
             return;

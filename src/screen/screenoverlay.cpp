@@ -1,6 +1,7 @@
 #include "screen/screenoverlay.h"
 
 #include "colour/pickgeometry.h"
+#include "colour/qtversioncompat.h"
 #include "sample/keyboardpick.h"
 #include "screen/loupe.h"
 
@@ -84,7 +85,7 @@ QRect CScreenOverlay::widgetRectOf(const QRect &pixels) const
 
 QRect CScreenOverlay::bandPixels() const
 {
-    return m_dragging ? QRect(m_originPixel, m_pixel).normalized() : QRect();
+    return m_dragging ? VersionCompat::normalised(QRect(m_originPixel, m_pixel)) : QRect();
 }
 
 void CScreenOverlay::moveTo(const QPoint &pixel)

@@ -43,7 +43,7 @@ CScreenPicker::CScreenPicker(QWidget *window, QObject *parent)
 
 QString CScreenPicker::shortcutText()
 {
-    return QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P).toString(QKeySequence::NativeText);
+    return QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P).toString(QKeySequence::NativeText);
 }
 
 void CScreenPicker::addToToolBar(QToolBar *toolBar, QAction *after)

@@ -39,12 +39,12 @@ QString lineText(const char *begin, const char *end, bool endedByLineFeed)
 // third may end the line (empty name); the rest after the third comma is the
 // name. Runs of spaces and tabs only matter in the name: toDouble ignores
 // surrounding white space and rejects it inside a number either way.
-std::unique_ptr<CColourTableEntry> parseEntry(const QStringRef &data)
+std::unique_ptr<CColourTableEntry> parseEntry(QStringView data)
 {
     double values[3] = {0.0, 0.0, 0.0};
-    int pos = 0;
+    qsizetype pos = 0;
     for (int i = 0; i < 3; ++i) {
-        int comma = data.indexOf(QLatin1Char(','), pos);
+        qsizetype comma = data.indexOf(QLatin1Char(','), pos);
         if (comma < 0 && i < 2)
             return nullptr;
         if (comma < 0)
@@ -64,7 +64,7 @@ std::unique_ptr<CColourTableEntry> parseEntry(const QStringRef &data)
 } // namespace
 
 // Every run of spaces and tabs becomes one space; other white space stays.
-QString CColourTable::collapseSpacesAndTabs(const QStringRef &text)
+QString CColourTable::collapseSpacesAndTabs(QStringView text)
 {
     QString out;
     out.reserve(text.size());
@@ -185,7 +185,7 @@ bool CColourTable::readLine(const QString &line)
         m_header += line;
         return true;
     }
-    const QStringRef data = line.leftRef(line.indexOf(QLatin1Char('#'))).trimmed();
+    const QStringView data = QStringView(line).left(line.indexOf(QLatin1Char('#'))).trimmed();
     if (data.isEmpty())
         return true;
     std::unique_ptr<CColourTableEntry> entry = parseEntry(data);

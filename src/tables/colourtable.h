@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringView>
 
 #include <memory>
 #include <vector>
@@ -61,7 +62,7 @@ public:
 
     // Every run of spaces and tabs becomes one space; other white space
     // stays. Shared with the readers of other colour list formats.
-    static QString collapseSpacesAndTabs(const QStringRef &text);
+    static QString collapseSpacesAndTabs(QStringView text);
 
     QString filePath() const { return m_filePath; }
     void setFilePath(const QString &path) { m_filePath = path; }

@@ -28,7 +28,7 @@ QString latin1Line(const QByteArray &bytes)
 }
 
 // One number field: C-locale, surrounding blanks allowed, nothing else.
-bool readNumber(const QStringRef &field, double *value)
+bool readNumber(QStringView field, double *value)
 {
     bool ok = false;
     *value = field.toDouble(&ok);
@@ -43,17 +43,17 @@ QString CQuillonImport::normalised(const QString &line)
     const int hash = text.indexOf(QLatin1Char('#'));
     if (hash >= 0)
         text = text.left(hash).trimmed();
-    return CColourTable::collapseSpacesAndTabs(QStringRef(&text));
+    return CColourTable::collapseSpacesAndTabs(text);
 }
 
 // A backslash makes the next character literal; a trailing "=" is dropped;
 // a backslash that ends the name stays.
-QString CQuillonImport::decodedName(const QStringRef &text)
+QString CQuillonImport::decodedName(QStringView text)
 {
     QString name;
     name.reserve(text.size());
-    const int last = text.size() - 1;
-    for (int i = 0; i <= last; ++i) {
+    const qsizetype last = text.size() - 1;
+    for (qsizetype i = 0; i <= last; ++i) {
         const QChar c = text.at(i);
         if (c == QLatin1Char('\\') && i < last) {
             name += text.at(++i);
@@ -75,11 +75,11 @@ bool CQuillonImport::parseLine(const QString &line, CColourTable &target)
     int pos = 0;
     for (double &value : values) {
         const int slash = text.indexOf(QLatin1Char('/'), pos);
-        if (slash < 0 || !readNumber(text.midRef(pos, slash - pos), &value))
+        if (slash < 0 || !readNumber(QStringView(text).mid(pos, slash - pos), &value))
             return false;
         pos = slash + 1;
     }
-    target.add(new CColourTableEntry(decodedName(text.midRef(pos)), values[0], values[1],
+    target.add(new CColourTableEntry(decodedName(QStringView(text).mid(pos)), values[0], values[1],
                                      values[2]));
     return true;
 }

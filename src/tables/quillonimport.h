@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringView>
 
 class CColourTable;
 class QIODevice;
@@ -40,5 +41,5 @@ public:
 
 private:
     static QString normalised(const QString &line);
-    static QString decodedName(const QStringRef &text);
+    static QString decodedName(QStringView text);
 };

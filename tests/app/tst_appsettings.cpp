@@ -238,11 +238,11 @@ void TestAppSettings::saveWritesEveryKey()
     }
     QVERIFY(StoredSettings::contains(key));
     const QVariant stored = StoredSettings::value(key);
-    if (expected.type() == QVariant::StringList)
+    if (expected.userType() == QMetaType::QStringList)
         QCOMPARE(stored.toStringList(), expected.toStringList());
-    else if (expected.type() == QVariant::Bool)
+    else if (expected.userType() == QMetaType::Bool)
         QCOMPARE(stored.toBool(), expected.toBool());
-    else if (expected.type() == QVariant::Int)
+    else if (expected.userType() == QMetaType::Int)
         QCOMPARE(stored.toInt(), expected.toInt());
     else
         QCOMPARE(stored.toString(), expected.toString());

@@ -136,7 +136,7 @@ void TestMainToolBar::zoomTipsNameTheirKeys_data()
     QTest::newRow("out") << int(CmdZoomOut) << QKeySequence(QKeySequence::ZoomOut)
                          << "Zoom Out: [%1]";
     QTest::newRow("in") << int(CmdZoomIn) << QKeySequence(QKeySequence::ZoomIn) << "Zoom In: [%1]";
-    QTest::newRow("actual") << int(CmdZoomActual) << QKeySequence(Qt::CTRL + Qt::Key_0)
+    QTest::newRow("actual") << int(CmdZoomActual) << QKeySequence(Qt::CTRL | Qt::Key_0)
                             << "Zoom Actual Size: [%1]";
 }
 

@@ -218,7 +218,7 @@ void TestMainWindow::commandTextsTipsIconsAndShortcuts_data()
     QTest::newRow("zoom in") << 7 << "Zoom In" << QString() << QKeySequence(QKeySequence::ZoomIn)
                              << "toolbar/btn_toolbar_zoom_in.png";
     QTest::newRow("actual") << 8 << "Zoom Actual Size" << QString()
-                            << QKeySequence(Qt::CTRL + Qt::Key_0)
+                            << QKeySequence(Qt::CTRL | Qt::Key_0)
                             << "toolbar/btn_toolbar_zoom_actual.png";
 }
 
@@ -247,7 +247,7 @@ void TestMainWindow::zoomStatusTipsShowNativeKeyNames_data()
     QTest::addColumn<QKeySequence>("key");
     QTest::newRow("out") << 6 << "Zoom Out" << QKeySequence(QKeySequence::ZoomOut);
     QTest::newRow("in") << 7 << "Zoom In" << QKeySequence(QKeySequence::ZoomIn);
-    QTest::newRow("actual") << 8 << "Zoom Actual Size" << QKeySequence(Qt::CTRL + Qt::Key_0);
+    QTest::newRow("actual") << 8 << "Zoom Actual Size" << QKeySequence(Qt::CTRL | Qt::Key_0);
 }
 
 void TestMainWindow::zoomStatusTipsShowNativeKeyNames()
@@ -539,7 +539,7 @@ void TestMainWindow::altHIsAWindowWideShortcut()
     CMainWindow window(AppContext::versionTitle());
     bool found = false;
     for (QShortcut *shortcut : window.findChildren<QShortcut *>()) {
-        if (shortcut->key() == QKeySequence(Qt::ALT + Qt::Key_H) && shortcut->parent() == &window)
+        if (shortcut->key() == QKeySequence(Qt::ALT | Qt::Key_H) && shortcut->parent() == &window)
             found = true;
     }
     QVERIFY(found);

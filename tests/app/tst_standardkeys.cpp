@@ -121,8 +121,8 @@ void TestStandardKeys::everyStandardKeyIsBoundOnTheWindow_data()
     QTest::newRow("Open") << int(QKeySequence::Open) << QKeySequence();
     QTest::newRow("Save") << int(QKeySequence::Save) << QKeySequence();
     QTest::newRow("SaveAs") << int(QKeySequence::SaveAs)
-                            << QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
-    QTest::newRow("Quit") << int(QKeySequence::Quit) << QKeySequence(Qt::CTRL + Qt::Key_Q);
+                            << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    QTest::newRow("Quit") << int(QKeySequence::Quit) << QKeySequence(Qt::CTRL | Qt::Key_Q);
 }
 
 void TestStandardKeys::everyStandardKeyIsBoundOnTheWindow()
@@ -148,8 +148,8 @@ void TestStandardKeys::everyStandardKeyIsBoundOnTheWindow()
         QCOMPARE(found, 1);
     }
     // The toolbar's own keys stay as they were.
-    QCOMPARE(m_window->commandAction(CmdOpenImage)->shortcut(), QKeySequence(Qt::ALT + Qt::Key_I));
-    QCOMPARE(m_window->commandAction(CmdExit)->shortcut(), QKeySequence(Qt::ALT + Qt::Key_X));
+    QCOMPARE(m_window->commandAction(CmdOpenImage)->shortcut(), QKeySequence(Qt::ALT | Qt::Key_I));
+    QCOMPARE(m_window->commandAction(CmdExit)->shortcut(), QKeySequence(Qt::ALT | Qt::Key_X));
 }
 
 void TestStandardKeys::openKeyRunsOpenImage()
@@ -172,7 +172,7 @@ void TestStandardKeys::altIStillRunsOpenImage()
     QString caption;
     ModalSequence answers(
         {{QStringLiteral("Cancel"), [&](QWidget *dialog) { caption = dialog->windowTitle(); }}});
-    press(QKeySequence(Qt::ALT + Qt::Key_I));
+    press(QKeySequence(Qt::ALT | Qt::Key_I));
     QCOMPARE(answers.answeredCount(), 1);
     QCOMPARE(caption, QStringLiteral("Open Image"));
     QVERIFY(m_window->settings()->recentFiles.isEmpty());
@@ -250,7 +250,7 @@ void TestStandardKeys::quitKeyAsksAboutChangesAndCancelKeepsTheWindow()
 
 void TestStandardKeys::altXStillExits()
 {
-    press(QKeySequence(Qt::ALT + Qt::Key_X));
+    press(QKeySequence(Qt::ALT | Qt::Key_X));
     QVERIFY(!m_window->isVisible());
 }
 

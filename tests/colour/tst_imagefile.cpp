@@ -28,6 +28,7 @@ private slots:
     void truncatedJpegOpensOrIsRefusedWithoutCrash();
     void truncatedPngIsRefusedAndLeavesTheImage();
     void missingFileAndTextFileCannotBeRead();
+    void pictureOverQtsOwnDefaultLimitIsRead();
 };
 
 namespace {
@@ -116,7 +117,7 @@ void TestImageFile::truncatedJpegOpensOrIsRefusedWithoutCrash()
     QVERIFY(ImageWriter::writeJpeg(path("whole.jpg"), 64, 48, QColor(200, 100, 50)));
     const QByteArray jpeg = FixtureFile::read(path("whole.jpg"));
     QVERIFY(jpeg.size() > 200);
-    for (const int keep : {jpeg.size() / 2, 300, 20}) {
+    for (const int keep : {int(jpeg.size() / 2), 300, 20}) {
         QVERIFY(FixtureFile::write(path("cut.jpg"), jpeg.left(keep)));
         QImage image;
         const CImageFile::Status status = CImageFile::read(path("cut.jpg"), &image);
@@ -152,4 +153,25 @@ void TestImageFile::missingFileAndTextFileCannotBeRead()
 }
 
 QTEST_GUILESS_MAIN(TestImageFile)
+// 6200 x 6200 pixels decode to about 147 MiB: within the program's own
+// limit, but over the 128 MiB that Qt 6 would refuse by itself. Every build
+// opens it, as the Qt 5 build always did.
+void TestImageFile::pictureOverQtsOwnDefaultLimitIsRead()
+{
+    const int side = 6200;
+    {
+        QImage big(side, side, QImage::Format_RGB32);
+        big.fill(qRgb(30, 120, 210));
+        big.setPixel(side - 1, side - 1, qRgb(250, 10, 5));
+        QVERIFY(big.save(path("big.png"), "PNG"));
+    }
+    QImage image;
+    QString reason;
+    QCOMPARE(CImageFile::read(path("big.png"), &image, &reason), CImageFile::Read);
+    QVERIFY2(reason.isEmpty(), qPrintable(reason));
+    QCOMPARE(image.size(), QSize(side, side));
+    QCOMPARE(image.pixel(side - 1, side - 1), qRgb(250, 10, 5));
+    QCOMPARE(image.pixel(0, 0), qRgb(30, 120, 210));
+}
+
 #include "tst_imagefile.moc"

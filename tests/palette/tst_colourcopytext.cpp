@@ -34,9 +34,9 @@ void TestColourCopyText::cssRgbUsesTheSameBytesAsHex()
     const RgbColour c{v, 1.0 - v, v / 2};
     const QString hex = CColourCopyText::hex(c);
     const QString expected = QStringLiteral("rgb(%1, %2, %3)")
-                                 .arg(hex.midRef(1, 2).toInt(nullptr, 16))
-                                 .arg(hex.midRef(3, 2).toInt(nullptr, 16))
-                                 .arg(hex.midRef(5, 2).toInt(nullptr, 16));
+                                 .arg(QStringView(hex).mid(1, 2).toInt(nullptr, 16))
+                                 .arg(QStringView(hex).mid(3, 2).toInt(nullptr, 16))
+                                 .arg(QStringView(hex).mid(5, 2).toInt(nullptr, 16));
     QCOMPARE(CColourCopyText::cssRgb(c), expected);
 }
 

@@ -217,7 +217,7 @@ void TestColourImageWindowView::zoomKeysStepTheZoom()
     QCOMPARE(window->samplingPage()->imageWidget()->size(), QSize(15, 15));
     QTest::keySequence(window.get(), QKeySequence(QKeySequence::ZoomOut));
     QCOMPARE(window->samplingPage()->zoomIndex(), 8);
-    QTest::keySequence(window.get(), QKeySequence(Qt::CTRL + Qt::Key_0));
+    QTest::keySequence(window.get(), QKeySequence(Qt::CTRL | Qt::Key_0));
     QCOMPARE(window->samplingPage()->zoomIndex(), 7);
     QCOMPARE(window->samplingPage()->imageWidget()->size(), QSize(10, 10));
 }

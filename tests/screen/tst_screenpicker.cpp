@@ -172,7 +172,7 @@ void TestScreenPicker::buttonComesAfterTheZoomButtonsAndMovesNoneOfThem()
 void TestScreenPicker::shortcutIsFreeAndStartsThePick()
 {
     const QKeySequence key = picker()->action()->shortcut();
-    QCOMPARE(key, QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P));
+    QCOMPARE(key, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
     for (QAction *action : m_window->findChildren<QAction *>()) {
         if (action != picker()->action())
             QVERIFY2(action->shortcut() != key, qPrintable(action->text()));

@@ -8,7 +8,7 @@ namespace MatchComparison {
 QString firstDifference(const QVector<CMatchResult> &full, const QVector<CMatchResult> &best,
                         int keep)
 {
-    const int expected = std::min(keep, full.size());
+    const int expected = std::min(keep, int(full.size()));
     if (best.size() != expected)
         return QStringLiteral("%1 records instead of %2").arg(best.size()).arg(expected);
     for (int i = 0; i < expected; ++i) {

@@ -122,7 +122,7 @@ void TestReadyMadeTables::knownNamesAndValues()
         QCOMPARE(CColourCopyText::hex({entry->red, entry->green, entry->blue}), hex);
         // Four decimals as the program writes b / 255: every channel
         // rounds back to its byte.
-        const int red = hex.midRef(1, 2).toInt(nullptr, 16);
+        const int red = QStringView(hex).mid(1, 2).toInt(nullptr, 16);
         QCOMPARE(int(std::lround(entry->red * 255)), red);
         QVERIFY(std::abs(entry->red - red / 255.0) <= 0.00005);
     }
