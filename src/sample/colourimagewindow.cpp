@@ -109,7 +109,7 @@ QToolButton *CColourImageWindow::commandButton(int command) const
 QComboBox *CColourImageWindow::pickSizeCombo() const { return m_panel->pickSizeCombo(); }
 QLabel *CColourImageWindow::maximumNotice() const { return m_panel->maximumNotice(); }
 
-const CMultipleSelection &CColourImageWindow::multipleSelection() const
+const CMultipleSelectionModel &CColourImageWindow::multipleSelection() const
 {
     return m_multiple->selection();
 }

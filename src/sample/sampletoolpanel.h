@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/commandid.h"
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 
 #include <QToolBar>
 #include <QVector>
@@ -30,7 +30,7 @@ class CSampleToolPanel : public QToolBar
     Q_OBJECT
 
 public:
-    static const int kMultipleSlots = CMultipleSelection::kCapacity;
+    static const int kMultipleSlots = CMultipleSelectionModel::kCapacity;
     // The page's commands that have a button here, first and last.
     static const int kFirstCommand = CmdMaintainLibrary;
     static const int kLastCommand = CmdClearMultiple;

@@ -63,7 +63,7 @@ void TestMultipleSelectionRows::init()
     auto *layout = new QVBoxLayout(m_host.get());
     m_mapper = new QSignalMapper(m_host.get());
     m_slots.clear();
-    for (int slot = 0; slot < CMultipleSelection::kCapacity; ++slot) {
+    for (int slot = 0; slot < CMultipleSelectionModel::kCapacity; ++slot) {
         m_slots.append(new CMultipleSelect(slot, m_host.get(), m_mapper));
         layout->addWidget(m_slots.last()->row());
     }
