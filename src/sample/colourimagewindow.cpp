@@ -114,9 +114,9 @@ const CMultipleSelectionModel &CColourImageWindow::multipleSelection() const
     return m_multiple->selection();
 }
 
-CMultipleSelect *CColourImageWindow::multipleSlot(int slot) const
+CMultipleSelect *CColourImageWindow::multipleRow(int position) const
 {
-    return m_multiple->rows().at(slot);
+    return m_multiple->rows().at(position);
 }
 
 const CLibColourTable &CColourImageWindow::libraryTable() const { return m_library->table(); }

@@ -43,7 +43,7 @@ class CColourImageWindow : public CMainTabbedWindow
     Q_OBJECT
 
 public:
-    static const int kMultipleSlots = CMultipleSelectionModel::kCapacity;
+    static const int kMultipleRows = CMultipleSelectionModel::kCapacity;
 
     // `settings` may be null (a page shown on its own).
     explicit CColourImageWindow(CAppSettings *settings, QWidget *parent = nullptr);
@@ -99,7 +99,7 @@ public:
     int selectionMode() const { return m_selectionMode; }
     int multipleCount() const { return multipleSelection().count(); }
     const CMultipleSelectionModel &multipleSelection() const;
-    CMultipleSelect *multipleSlot(int slot) const;
+    CMultipleSelect *multipleRow(int position) const;
     const CLibColourTable &libraryTable() const;
     CLibrarySelector *librarySelector() const { return m_library; }
     // The page's own buttons and panel parts, as the user sees them.

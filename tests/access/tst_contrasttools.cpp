@@ -65,7 +65,7 @@ private slots:
     void swatchMenuOpensTheWindowOnTheSample();
     void nextPickBecomesTheBackgroundWhileOpen();
     void matchRowMenuChecksTheEntryAgainstTheSample();
-    void listOffersSlotsMatchRowsAndDataSetRows();
+    void listOffersMultipleSelectionMatchRowsAndDataSetRows();
     void dataGridMenuChecksARowAndOpensTheGrid();
     void gridEntryIsOffBelowTheRowsOfAnEmptyDataSet();
 };
@@ -174,7 +174,7 @@ void TestContrastTools::matchRowMenuChecksTheEntryAgainstTheSample()
     QCOMPARE(window->backgroundName()->text(), QStringLiteral("#000000"));
 }
 
-void TestContrastTools::listOffersSlotsMatchRowsAndDataSetRows()
+void TestContrastTools::listOffersMultipleSelectionMatchRowsAndDataSetRows()
 {
     const QString table = writeTable("Greys.clrtable");
     StoredSettings::setValue(QStringLiteral("ColourLibrary/selected"), table);

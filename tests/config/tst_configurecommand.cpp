@@ -186,7 +186,7 @@ void TestConfigureCommand::hexFormatAndOkChangesEveryRgbDisplayAtOnce()
     leftClick(page->imageWidget(), QPoint(4, 4));
     leftClick(page->imageWidget(), QPoint(12, 12));
     QCOMPARE(page->sampleValue(0)->text(), QStringLiteral("128"));
-    QVERIFY(page->multipleSlot(1)->swatch()->toolTip().startsWith(QStringLiteral("R:128, G:128")));
+    QVERIFY(page->multipleRow(1)->swatch()->toolTip().startsWith(QStringLiteral("R:128, G:128")));
 
     QVERIFY(configure(*window, [](CConfigDlg *dialog) {
         DialogActions::clickRadio(dialog->generalPage()->hexButton());
@@ -194,10 +194,10 @@ void TestConfigureCommand::hexFormatAndOkChangesEveryRgbDisplayAtOnce()
 
     for (int i = 0; i < 3; ++i)
         QCOMPARE(page->sampleValue(i)->text(), QStringLiteral("0x80"));
-    for (int slot = 0; slot < 2; ++slot)
-        QVERIFY2(page->multipleSlot(slot)->swatch()->toolTip().startsWith(
+    for (int position = 0; position < 2; ++position)
+        QVERIFY2(page->multipleRow(position)->swatch()->toolTip().startsWith(
                      QStringLiteral("R:0x80, G:0x80, B:0x80")),
-                 qPrintable(page->multipleSlot(slot)->swatch()->toolTip()));
+                 qPrintable(page->multipleRow(position)->swatch()->toolTip()));
 }
 
 void TestConfigureCommand::hexFormatIsStoredAtTheNextSave()

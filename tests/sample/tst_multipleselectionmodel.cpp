@@ -121,7 +121,7 @@ void TestMultipleSelectionModel::removingOutsideTheEntriesChangesNothing_data()
     QTest::addColumn<int>("position");
     QTest::newRow("negative") << -1;
     QTest::newRow("just past the last entry") << 5;
-    QTest::newRow("a free slot") << 7;
+    QTest::newRow("a free position") << 7;
     QTest::newRow("past the capacity") << 8;
 }
 
