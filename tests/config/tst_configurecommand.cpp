@@ -113,7 +113,7 @@ void TestConfigureCommand::init()
 std::unique_ptr<CMainWindow> TestConfigureCommand::windowWithGreyTable()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Grey"), 0.5, 0.5, 0.5));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Grey"), 0.5, 0.5, 0.5));
     const QString path = m_library + QStringLiteral("/greys.clrtable");
     if (!table.write(path))
         return nullptr;
@@ -304,7 +304,7 @@ void TestConfigureCommand::changedLibraryFolderReloadsTheList()
     const QString other = m_fixture.filePath(QStringLiteral("moved-library"));
     QVERIFY(QDir().mkpath(other));
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Red"), 1, 0, 0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1, 0, 0));
     QVERIFY(table.write(other + QStringLiteral("/reds.clrtable")));
 
     QVERIFY(configure(*window, [other](CConfigDlg *dialog) {
@@ -324,7 +324,7 @@ void TestConfigureCommand::libraryFolderAlreadySetDoesNotReloadTheList()
     QVERIFY(showWindow(*window));
     // A table that appears after the list was read shows only once the list is filled again.
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Blue"), 0, 0, 1));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Blue"), 0, 0, 1));
     QVERIFY(table.write(m_library + QStringLiteral("/blues.clrtable")));
     const QString library = m_library;
 

@@ -290,8 +290,10 @@ void TestScreenPicker::multipleSelectionGetsARowAndAMark()
 void TestScreenPicker::loupeNamesFromThePagesLibraryTable()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Brick"), 200 / 255.0, 40 / 255.0, 40 / 255.0));
-    table.add(new CColourTableEntry(QStringLiteral("Sky"), 30 / 255.0, 144 / 255.0, 1.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Brick"), 200 / 255.0, 40 / 255.0,
+                                                  40 / 255.0));
+    table.add(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Sky"), 30 / 255.0, 144 / 255.0, 1.0));
     const QString dir = m_window->settings()->libraryDir;
     QVERIFY(QDir().mkpath(dir));
     QVERIFY(table.write(QDir(dir).filePath(QStringLiteral("Pair.clrtable"))));
