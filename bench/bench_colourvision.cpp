@@ -4,7 +4,7 @@
 // viewport-sized buffer alone. Runs offscreen.
 
 #include "access/simulatedpicture.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourvision.h"
 #include "sample/colourimagewindow.h"

@@ -2,7 +2,7 @@
 // its first paint, and repainting it after scrolling. Runs offscreen.
 
 #include "access/contrastgridwindow.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QApplication>
 #include <QScrollBar>

@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "data/chartdatawindow.h"
 #include "data/datagrid.h"
 #include "data/datamodel.h"

@@ -7,9 +7,9 @@
 // offscreen; "spread_extra_MB" is the peak resident memory above what the
 // process held before the action, spread included.
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/imagewidget.h"

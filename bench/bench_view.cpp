@@ -2,7 +2,7 @@
 // paint of the viewport, multiple-selection picks with their marks, and
 // full-frame rubber bands under both averaging rules. Runs offscreen.
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"

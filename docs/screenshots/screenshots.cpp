@@ -4,7 +4,7 @@
 // and saves each window's image into the folder given on the command line.
 // Run it through scripts/screenshots.sh (offscreen, with a temporary home).
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "app/application.h"
 #include "app/mainwindow.h"

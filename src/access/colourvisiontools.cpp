@@ -1,7 +1,7 @@
 #include "access/colourvisiontools.h"
 
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "palette/palette.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"

@@ -1,7 +1,7 @@
 #include "access/contrastgridwindow.h"
 
 #include "access/contrastgridmodel.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QApplication>
 #include <QClipboard>

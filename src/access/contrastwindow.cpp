@@ -1,7 +1,7 @@
 #include "access/contrastwindow.h"
 
 #include "access/contrastverdicts.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "palette/palette.h"
 
 #include <QComboBox>

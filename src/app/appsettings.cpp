@@ -1,6 +1,6 @@
 #include "app/appsettings.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/defaultfolders.h"
 #include "app/mainwindow.h"
 #include "help/helpwindow.h"

@@ -1,6 +1,6 @@
 #include "app/commandline.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QDir>
 #include <QFileInfo>

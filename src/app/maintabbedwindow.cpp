@@ -1,6 +1,6 @@
 #include "app/maintabbedwindow.h"
 
-#include "app/commandmapping.h"
+#include "common/commandmapping.h"
 
 #include <QAction>
 #include <QGroupBox>

@@ -1,8 +1,8 @@
 #include "app/maintoolbar.h"
 
-#include "app/appcontext.h"
-#include "app/commandid.h"
-#include "app/commandmapping.h"
+#include "common/appcontext.h"
+#include "common/commandid.h"
+#include "common/commandmapping.h"
 #include "help/spacerwidget.h"
 
 #include <QAction>

@@ -2,9 +2,9 @@
 
 #include "access/colourvisiontools.h"
 #include "access/contrasttools.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandmapping.h"
+#include "common/commandmapping.h"
 #include "app/maintoolbar.h"
 #include "app/recentimagesmenu.h"
 #include "app/standardkeys.h"

@@ -1,6 +1,6 @@
 #include "app/recoveryoffer.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "data/chartdatawindow.h"
 #include "data/datasetrecovery.h"
 #include "tables/recoverycopy.h"

@@ -1,6 +1,6 @@
 #include "app/standardkeys.h"
 
-#include "app/commandid.h"
+#include "common/commandid.h"
 
 #include <QKeySequence>
 #include <QShortcut>

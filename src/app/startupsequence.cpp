@@ -1,6 +1,6 @@
 #include "app/startupsequence.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/mainwindow.h"
 #include "app/recoveryoffer.h"
 #include "data/chartdatawindow.h"

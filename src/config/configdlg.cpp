@@ -1,6 +1,6 @@
 #include "config/configdlg.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "config/colourprofilesgroup.h"
 #include "config/dlgtabpageadvanced.h"
 #include "config/dlgtabpagefolders.h"

@@ -1,6 +1,6 @@
 #include "config/dlgdisplayupdate.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QDesktopServices>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #include "config/dlgtabpagegeneral.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "config/updatecheck.h"
 #include "help/qgroupboxbold.h"

@@ -1,6 +1,6 @@
 #include "config/dlgupdateprogress.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QDateTime>
 #include <QHBoxLayout>

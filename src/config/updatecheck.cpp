@@ -1,6 +1,6 @@
 #include "config/updatecheck.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "config/dlgdisplayupdate.h"
 #include "config/dlgupdateprogress.h"
 

@@ -1,6 +1,6 @@
 #include "data/chartdatatabcontainer.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "data/chart3dplot.h"
 #include "data/charternary.h"
 #include "data/datagrid.h"

@@ -1,8 +1,8 @@
 #include "data/chartdatawindow.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/tablemessages.h"
+#include "common/tablemessages.h"
 #include "data/chartdatatabcontainer.h"
 #include "data/datagrid.h"
 #include "data/datamodel.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "app/maintabbedwindow.h"
 #include "tables/datacolourtable.h"
 

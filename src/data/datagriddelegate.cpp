@@ -1,6 +1,6 @@
 #include "data/datagriddelegate.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "data/datamodel.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #include "data/datamodel.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
 #include "data/datasetcommand.h"

@@ -1,6 +1,6 @@
 #include "data/datasetexport.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include "tables/colourtable.h"
 

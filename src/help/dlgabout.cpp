@@ -1,6 +1,6 @@
 #include "help/dlgabout.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

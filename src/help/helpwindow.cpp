@@ -1,6 +1,6 @@
 #include "help/helpwindow.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "help/helpanchors.h"
 #include "help/helpbrowser.h"
 

@@ -1,6 +1,6 @@
 #include "help/textinputdlg.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "help/elidedlabel.h"
 
 #include <QHBoxLayout>

@@ -1,13 +1,13 @@
 #include "library/dlgedittable.h"
 
-#include "app/appcontext.h"
-#include "app/tablemessages.h"
+#include "common/appcontext.h"
+#include "common/tablemessages.h"
 #include "library/librarywritemessages.h"
 #include "colour/colourformat.h"
 #include "help/textinputdlg.h"
 #include "library/libdialogrows.h"
 #include "tables/libcolourtable.h"
-#include "app/waitcursor.h"
+#include "common/waitcursor.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

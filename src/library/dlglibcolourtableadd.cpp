@@ -1,6 +1,6 @@
 #include "library/dlglibcolourtableadd.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "colour/colourformat.h"
 #include "library/libdialogrows.h"

@@ -1,6 +1,6 @@
 #include "library/libcolourtabledlg.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "library/libcolourtabletabgeneral.h"
 #include "library/libcolourtabletabimport.h"
 #include "library/libdialogrows.h"

@@ -1,8 +1,8 @@
 #include "library/libcolourtabletabgeneral.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/tablemessages.h"
+#include "common/tablemessages.h"
 #include "library/librarywritemessages.h"
 #include "help/qgroupboxbold.h"
 #include "help/textinputdlg.h"

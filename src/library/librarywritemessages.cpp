@@ -1,7 +1,7 @@
 #include "library/librarywritemessages.h"
 
-#include "app/appcontext.h"
-#include "app/tablemessages.h"
+#include "common/appcontext.h"
+#include "common/tablemessages.h"
 #include "tables/colourtable.h"
 #include "tables/librarytablewriter.h"
 

@@ -1,6 +1,6 @@
 #include "sample/dlgexplainmatch.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "colour/colourconversion.h"
 #include "colour/matchexplanation.h"
 

@@ -1,6 +1,6 @@
 #include "sample/dlgfindcolour.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "library/libdialogrows.h"
 #include "sample/colournamemodel.h"
 #include "tables/colourtable.h"

@@ -1,8 +1,8 @@
 #include "sample/imagesource.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "colour/imagefile.h"
 #include "sample/previewfiledialog.h"
 

@@ -1,6 +1,6 @@
 #include "sample/libraryactions.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "library/dlglibcolourtableadd.h"
 #include "library/librarywritemessages.h"
 #include "library/libcolourtabledlg.h"

@@ -1,7 +1,7 @@
 #include "sample/libraryselector.h"
 
 #include "app/appsettings.h"
-#include "app/tablemessages.h"
+#include "common/tablemessages.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #include "sample/matchrunner.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "sample/colourcontextmenu.h"
 #include "sample/dlgexplainmatch.h"
 #include "sample/libraryselector.h"

@@ -1,7 +1,7 @@
 #include "sample/multipleselect.h"
 
-#include "app/appcontext.h"
-#include "app/commandmapping.h"
+#include "common/appcontext.h"
+#include "common/commandmapping.h"
 #include "sample/colourtexts.h"
 
 #include <QAction>

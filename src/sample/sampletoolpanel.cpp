@@ -1,6 +1,6 @@
 #include "sample/sampletoolpanel.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/maintabbedwindow.h"
 #include "sample/libraryselector.h"
 #include "sample/matchresultsview.h"

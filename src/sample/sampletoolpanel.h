@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "sample/multipleselectionmodel.h"
 
 #include <QToolBar>

@@ -1,8 +1,8 @@
 #include "screen/screenpicker.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "sample/colourimagewindow.h"
 #include "sample/imagewidget.h"
 #include "sample/libraryselector.h"

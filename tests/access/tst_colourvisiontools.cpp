@@ -2,9 +2,9 @@
 // the menu, the simulated picture, picks that read the stored pixels, the
 // label under the sample and the setting kept across starts.
 #include "access/colourvisiontools.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "app/mainwindow.h"
 #include "colour/colourvision.h"
 #include "sample/colourimagewindow.h"

@@ -2,7 +2,7 @@
 // text, and 200 colours.
 #include "access/contrastgridmodel.h"
 #include "access/contrastgridwindow.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "colour/wcagcontrast.h"
 
 #include "support/guitestfixture.h"

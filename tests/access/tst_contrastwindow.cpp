@@ -2,7 +2,7 @@
 // background colours and the next pick on the page.
 #include "access/contrastverdicts.h"
 #include "access/contrastwindow.h"
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "colour/wcagcontrast.h"
 
 #include "support/guitestfixture.h"

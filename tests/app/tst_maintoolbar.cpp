@@ -1,4 +1,4 @@
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "app/maintoolbar.h"
 #include "help/spacerwidget.h"
 

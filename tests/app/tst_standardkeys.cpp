@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "app/mainwindow.h"
 #include "app/standardkeys.h"

@@ -7,7 +7,7 @@
 //
 // Each change prints "step <rows>" (names joined by '|') once it is made.
 // It runs in the test's private home (the environment it inherits).
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/mainwindow.h"
 #include "data/chartdatawindow.h"
 #include "data/datamodel.h"

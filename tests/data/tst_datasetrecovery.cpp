@@ -1,5 +1,5 @@
-#include "app/appcontext.h"
-#include "app/commandid.h"
+#include "common/appcontext.h"
+#include "common/commandid.h"
 #include "app/mainwindow.h"
 #include "app/recoveryoffer.h"
 #include "data/chartdatawindow.h"

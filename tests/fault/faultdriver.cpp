@@ -7,7 +7,7 @@
 #include "faultcheck.h"
 #include "faultsession.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include "support/storedsettings.h"
 

@@ -1,7 +1,7 @@
 #include "faultsession.h"
 
-#include "app/appcontext.h"
-#include "app/commandid.h"
+#include "common/appcontext.h"
+#include "common/commandid.h"
 #include "app/mainwindow.h"
 #include "data/chartdatawindow.h"
 #include "data/datagrid.h"

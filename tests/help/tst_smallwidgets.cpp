@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "help/dlgabout.h"
 #include "help/elidedlabel.h"
 #include "help/qgroupboxbold.h"

@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
 #include "library/libcolourtabledlg.h"
 #include "library/libcolourtabletabimport.h"

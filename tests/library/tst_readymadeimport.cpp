@@ -1,5 +1,5 @@
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "library/libcolourtabledlg.h"
 #include "library/libcolourtabletabgeneral.h"
 #include "library/libcolourtabletabimport.h"

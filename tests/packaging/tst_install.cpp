@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "help/helpbrowser.h"
 #include "help/helpwindow.h"
 #include "help/tipdialog.h"

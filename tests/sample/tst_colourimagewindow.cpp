@@ -1,6 +1,6 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "app/mainwindow.h"
 #include "colour/colouraverage.h"
 #include "colour/colourformat.h"

@@ -1,5 +1,5 @@
 #include "app/appsettings.h"
-#include "app/commandid.h"
+#include "common/commandid.h"
 #include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"
 #include "sample/colournamemodel.h"

@@ -1,7 +1,7 @@
 // The sampling page's insight into a pick, driven as a user would: the
 // "Mixed colours" note, the converted colour profile, "Explain this match…"
 // on a result row, picking from the keyboard, and results that show whole.
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/mainwindow.h"
 #include "colour/colourconversion.h"
 #include "colour/imageregionaverage.h"

@@ -1,4 +1,4 @@
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/mainwindow.h"
 #include "sample/colourimagewindow.h"
 #include "sample/colourimagewindowview.h"

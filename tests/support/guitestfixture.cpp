@@ -1,6 +1,6 @@
 #include "support/guitestfixture.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 #include "support/samplefixture.h"
 
-#include "app/appcontext.h"
+#include "common/appcontext.h"
 #include "app/mainwindow.h"
 #include "support/imagewriter.h"
 #include "support/modalanswerer.h"

@@ -4,6 +4,7 @@
 #include "tables/colourtable.h"
 
 #include "support/fixturefile.h"
+#include "support/matchcomparison.h"
 
 #include <QRandomGenerator>
 #include <QSet>
@@ -11,10 +12,8 @@
 #include <QtTest>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <cmath>
-#include <thread>
 #include <vector>
 
 Q_DECLARE_METATYPE(QVector<float>)
@@ -37,7 +36,6 @@ private slots:
     void identicalColourScoresZero();
     void emptyTableGivesNoRecords();
     void notANumberEntriesSortLastWithoutCrashing();
-    void bestEqualsFullMatchOnTenThousandSamplesAgainstThirtyThousandEntries();
     void bestKeepsTableOrderAmongEqualDifferences();
     void bestWithNotANumberEntriesEqualsFullMatch();
     void bestOfMoreThanTheTableGivesEveryEntry();
@@ -203,109 +201,6 @@ void TestColourMatcher::notANumberEntriesSortLastWithoutCrashing()
         QCOMPARE(results.at(i).name, QString("Broken"));
 }
 
-namespace {
-
-// Many distinct colours plus a coarse grid whose colours repeat, so that
-// equal differences (ties) occur as often as near-misses.
-CColourTable *largeRandomTable(int entries, quint32 seed)
-{
-    QRandomGenerator random(seed);
-    auto *table = new CColourTable;
-    for (int i = 0; i < entries; ++i) {
-        if (i % 3 == 0) {
-            table->add(std::make_unique<CColourTableEntry>(
-                QString::number(i), random.bounded(6) / 5.0, random.bounded(6) / 5.0,
-                random.bounded(6) / 5.0));
-        } else {
-            table->add(std::make_unique<CColourTableEntry>(
-                QString::number(i), random.generateDouble(), random.generateDouble(),
-                random.generateDouble()));
-        }
-    }
-    return table;
-}
-
-RgbColour randomSample(QRandomGenerator &random, const CColourTable &table)
-{
-    switch (random.bounded(4)) {
-    case 0: { // exactly a table colour
-        const CColourTableEntry *e = table.at(random.bounded(table.count()));
-        return RgbColour{e->red, e->green, e->blue};
-    }
-    case 1: { // a grey
-        const double v = random.generateDouble();
-        return RgbColour{v, v, v};
-    }
-    default:
-        return RgbColour{random.generateDouble(), random.generateDouble(), random.generateDouble()};
-    }
-}
-
-// Empty when both lists hold the same names, colours and differences in the
-// same order; otherwise what differs first.
-QString firstDifference(const QVector<CMatchResult> &full, const QVector<CMatchResult> &best,
-                        int keep)
-{
-    const int expected = std::min(keep, full.size());
-    if (best.size() != expected)
-        return QStringLiteral("%1 records instead of %2").arg(best.size()).arg(expected);
-    for (int i = 0; i < expected; ++i) {
-        const CMatchResult &f = full.at(i);
-        const CMatchResult &b = best.at(i);
-        const bool sameDeltaE = std::memcmp(&f.deltaE, &b.deltaE, sizeof f.deltaE) == 0;
-        if (f.name != b.name || !sameDeltaE || f.red != b.red || f.green != b.green
-            || f.blue != b.blue) {
-            return QStringLiteral("row %1: %2 (%3) instead of %4 (%5)")
-                .arg(i)
-                .arg(b.name)
-                .arg(double(b.deltaE))
-                .arg(f.name)
-                .arg(double(f.deltaE));
-        }
-    }
-    return QString();
-}
-
-} // namespace
-
-void TestColourMatcher::bestEqualsFullMatchOnTenThousandSamplesAgainstThirtyThousandEntries()
-{
-    QScopedPointer<CColourTable> table(largeRandomTable(30000, 31));
-    const CColourMatcher matcher(*table);
-    const int samples = 10000;
-    std::vector<RgbColour> colours;
-    QRandomGenerator random(77);
-    for (int i = 0; i < samples; ++i)
-        colours.push_back(randomSample(random, *table));
-
-    // The full computation scores 30,000 entries per sample: share the
-    // samples among the cores.
-    const int threads = int(std::max(1u, std::thread::hardware_concurrency()));
-    std::vector<QString> failures(static_cast<size_t>(threads));
-    std::vector<std::thread> workers;
-    for (int t = 0; t < threads; ++t) {
-        workers.emplace_back([&, t] {
-            for (int i = t; i < samples && failures[size_t(t)].isEmpty(); i += threads) {
-                const int keep = i % 50 == 0 ? 1 + i % 97 : CColourMatcher::rowsKept(4);
-                const RgbColour &sample = colours[size_t(i)];
-                const QVector<CMatchResult> full = CColourMatcher::match(*table, sample);
-                QString difference = firstDifference(full, matcher.best(sample, keep), keep);
-                if (difference.isEmpty()) {
-                    const int maxRecords = i % 3 == 0 ? 4 : 1 + i % 40;
-                    difference = firstDifference(full, matcher.bestRows(sample, maxRecords),
-                                                 CColourMatcher::rowsToShow(full, maxRecords));
-                }
-                if (!difference.isEmpty())
-                    failures[size_t(t)] = QStringLiteral("sample %1: %2").arg(i).arg(difference);
-            }
-        });
-    }
-    for (std::thread &w : workers)
-        w.join();
-    for (const QString &failure : failures)
-        QVERIFY2(failure.isEmpty(), qPrintable(failure));
-}
-
 void TestColourMatcher::bestKeepsTableOrderAmongEqualDifferences()
 {
     CColourTable table;
@@ -327,7 +222,7 @@ void TestColourMatcher::bestKeepsTableOrderAmongEqualDifferences()
         QCOMPARE(best.at(i).deltaE, best.at(20).deltaE);
         QVERIFY(best.at(i - 1).name.toInt() < best.at(i).name.toInt());
     }
-    QCOMPARE(firstDifference(CColourMatcher::match(table, sample), best, 32), QString());
+    QCOMPARE(MatchComparison::firstDifference(CColourMatcher::match(table, sample), best, 32), QString());
 }
 
 void TestColourMatcher::bestWithNotANumberEntriesEqualsFullMatch()
@@ -347,7 +242,7 @@ void TestColourMatcher::bestWithNotANumberEntriesEqualsFullMatch()
     }
     const CColourMatcher matcher(table);
     for (int keep : {1, 5, 32, 40, 59}) {
-        QCOMPARE(firstDifference(CColourMatcher::match(table, RgbColour{0.5, 0.5, 0.5}),
+        QCOMPARE(MatchComparison::firstDifference(CColourMatcher::match(table, RgbColour{0.5, 0.5, 0.5}),
                                  matcher.best(RgbColour{0.5, 0.5, 0.5}, keep), keep),
                  QString());
     }
@@ -358,7 +253,7 @@ void TestColourMatcher::bestOfMoreThanTheTableGivesEveryEntry()
     QScopedPointer<CColourTable> table(sampleTable());
     const QVector<CMatchResult> best = CColourMatcher(*table).best(RgbColour{0.5, 0.5, 0.5}, 40);
     QCOMPARE(best.size(), 5);
-    QCOMPARE(firstDifference(CColourMatcher::match(*table, RgbColour{0.5, 0.5, 0.5}), best, 40),
+    QCOMPARE(MatchComparison::firstDifference(CColourMatcher::match(*table, RgbColour{0.5, 0.5, 0.5}), best, 40),
              QString());
 }
 
@@ -383,7 +278,7 @@ void TestColourMatcher::bestRowsStopAtTheRowsShown()
     QVERIFY(full.at(4).deltaE >= 2.5f);
     const QVector<CMatchResult> rows = CColourMatcher(table).bestRows(sample, 4);
     QCOMPARE(rows.size(), 4);
-    QCOMPARE(firstDifference(full, rows, 4), QString());
+    QCOMPARE(MatchComparison::firstDifference(full, rows, 4), QString());
 }
 
 void TestColourMatcher::bestRowsCoverEveryRowShown_data()
@@ -411,7 +306,7 @@ void TestColourMatcher::bestRowsCoverEveryRowShown()
     QVERIFY(rows.size() >= std::min(std::max(maxRecords, 32), 60));
     QCOMPARE(CColourMatcher::rowsToShow(rows, maxRecords),
              CColourMatcher::rowsToShow(full, maxRecords));
-    QCOMPARE(firstDifference(full, rows, rows.size()), QString());
+    QCOMPARE(MatchComparison::firstDifference(full, rows, rows.size()), QString());
 }
 
 QTEST_GUILESS_MAIN(TestColourMatcher)

@@ -1,7 +1,7 @@
-#include "app/tablemessages.h"
+#include "common/tablemessages.h"
 
-#include "app/appcontext.h"
-#include "app/waitcursor.h"
+#include "common/appcontext.h"
+#include "common/waitcursor.h"
 #include "tables/colourlibrary.h"
 #include "tables/colourtable.h"
 #include "tables/tablemessagetext.h"

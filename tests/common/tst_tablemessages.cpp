@@ -1,4 +1,4 @@
-#include "app/tablemessages.h"
+#include "common/tablemessages.h"
 #include "tables/colourtable.h"
 #include "tables/libcolourtable.h"
 
