@@ -35,8 +35,8 @@ QVariant CContrastGridModel::data(const QModelIndex &index, int role) const
     const double ratio = m_grid.ratio(index.row(), index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return WcagContrast::ratioText(ratio) + QLatin1Char('\n') +
-               ContrastGrid::markText(ContrastGrid::mark(ratio));
+        return QString(WcagContrast::ratioText(ratio) + QLatin1Char('\n') +
+                       ContrastGrid::markText(ContrastGrid::mark(ratio)));
     case Qt::BackgroundRole:
         return QBrush(m_colours.at(index.row()));
     case Qt::ForegroundRole:

@@ -31,7 +31,7 @@ CContrastGridWindow::CContrastGridWindow(QWidget *parent) : QWidget(parent, Qt::
         header->setSectionResizeMode(QHeaderView::Fixed);
         header->setDefaultAlignment(Qt::AlignCenter);
     }
-    m_view->horizontalHeader()->setDefaultSectionSize(metrics.horizontalAdvance("large only__"));
+    m_view->horizontalHeader()->setDefaultSectionSize(metrics.horizontalAdvance(QStringLiteral("large only__")));
     m_view->verticalHeader()->setDefaultSectionSize(3 * metrics.height());
     m_view->setWordWrap(true);
     layout->addWidget(m_view, 1);

@@ -36,7 +36,7 @@ void CContrastVerdicts::showPair(const RgbColour &text, const RgbColour &backgro
     for (int c = 0; c < WcagContrast::CriterionCount; ++c) {
         const auto criterion = WcagContrast::Criterion(c);
         const bool pass = WcagContrast::passes(ratio, criterion);
-        const QString threshold = QString::number(WcagContrast::threshold(criterion)) + ":1";
+        const QString threshold = QString::number(WcagContrast::threshold(criterion)) + QStringLiteral(":1");
         // A mark and a word: the verdict never rests on colour alone.
         m_verdicts.at(c)->setText(pass ? tr("Pass \u2714 (needs %1)").arg(threshold)
                                        : tr("Fail \u2718 (needs %1)").arg(threshold));

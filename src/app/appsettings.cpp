@@ -17,26 +17,26 @@
 
 namespace {
 
-const char kWorkDir[] = "Directory/workdir";
-const char kRecentFiles[] = "Directory/recentFilesList";
-const char kDataDefaultDir[] = "DataDirectory/dfltDirectory";
-const char kDataDir[] = "DataDirectory/directory";
-const char kLibraryDefaultDir[] = "ColourLibrary/dfltDirectory";
-const char kLibraryDir[] = "ColourLibrary/directory";
-const char kSelectedTable[] = "ColourLibrary/selected";
-const char kSampleCreated[] = "Sample/created";
-const char kMaxRecords[] = "General/maxRecordsDisplay";
-const char kRgbFormat[] = "Colour/rgbFormat";
-const char kRgbAverage[] = "Colour/rgbAverage";
-const char kRgbDifference[] = "Colour/rgbDifference";
-const char kConvertToSrgb[] = "Colour/convertToSrgb";
-const char kColourVision[] = "View/colourVision";
-const char kColourVisionSeverity[] = "View/colourVisionSeverity";
-const char kShowStartTip[] = "General/showStartTip";
-const char kStartTipIndex[] = "General/startTipIndex";
-const char kMainWindowRect[] = "Layout/mainwindow";
-const char kHelpWindowRect[] = "Layout/helpwindow";
-const char kHelpSplit[] = "Layout/helpsplit";
+const QString kWorkDir = QStringLiteral("Directory/workdir");
+const QString kRecentFiles = QStringLiteral("Directory/recentFilesList");
+const QString kDataDefaultDir = QStringLiteral("DataDirectory/dfltDirectory");
+const QString kDataDir = QStringLiteral("DataDirectory/directory");
+const QString kLibraryDefaultDir = QStringLiteral("ColourLibrary/dfltDirectory");
+const QString kLibraryDir = QStringLiteral("ColourLibrary/directory");
+const QString kSelectedTable = QStringLiteral("ColourLibrary/selected");
+const QString kSampleCreated = QStringLiteral("Sample/created");
+const QString kMaxRecords = QStringLiteral("General/maxRecordsDisplay");
+const QString kRgbFormat = QStringLiteral("Colour/rgbFormat");
+const QString kRgbAverage = QStringLiteral("Colour/rgbAverage");
+const QString kRgbDifference = QStringLiteral("Colour/rgbDifference");
+const QString kConvertToSrgb = QStringLiteral("Colour/convertToSrgb");
+const QString kColourVision = QStringLiteral("View/colourVision");
+const QString kColourVisionSeverity = QStringLiteral("View/colourVisionSeverity");
+const QString kShowStartTip = QStringLiteral("General/showStartTip");
+const QString kStartTipIndex = QStringLiteral("General/startTipIndex");
+const QString kMainWindowRect = QStringLiteral("Layout/mainwindow");
+const QString kHelpWindowRect = QStringLiteral("Layout/helpwindow");
+const QString kHelpSplit = QStringLiteral("Layout/helpsplit");
 
 const int kMaxRecentFiles = 6;
 const int kSmallestWindowSide = 64;
@@ -159,8 +159,8 @@ void CAppSettings::saveLayouts(CMainWindow *mainWindow)
     const QList<int> sizes = mainWindow->helpSplitterSizes();
     if (sizes.size() < 2)
         return;
-    store->setValue(QLatin1String(kHelpSplit) + QLatin1Char('A'), sizes.at(0));
-    store->setValue(QLatin1String(kHelpSplit) + QLatin1Char('B'), sizes.at(1));
+    store->setValue(kHelpSplit + QLatin1Char('A'), sizes.at(0));
+    store->setValue(kHelpSplit + QLatin1Char('B'), sizes.at(1));
 }
 
 void CAppSettings::savePreferences()

@@ -134,10 +134,12 @@ public:
 
     // Whether the next row should go through the cache. A picture without
     // repeated colours (noise) would only thrash it, so after a row with
-    // few hits the cache is left out, and tried again every 16th row.
+    // few hits the cache is left out and tried again 16 rows later; each
+    // trial that fails again doubles the wait, up to 256 rows, since a
+    // trial row costs several times a row of the vector path.
     bool useForNextRow()
     {
-        if (m_worthIt || ++m_rowsWithout >= kRowsBetweenTrials) {
+        if (m_worthIt || ++m_rowsWithout >= m_rowsBetweenTrials) {
             m_rowsWithout = 0;
             return true;
         }
@@ -145,25 +147,34 @@ public:
     }
     void rowDone(int width)
     {
-        m_worthIt = m_hits * 4 >= qint64(width);
+        const bool wasWorthIt = m_worthIt;
+        m_worthIt = m_hits * 16 >= qint64(width) * m_hitsWantedPer16;
         m_hits = 0;
+        if (m_worthIt || wasWorthIt)
+            m_rowsBetweenTrials = kRowsBetweenTrials;
+        else
+            m_rowsBetweenTrials = std::min(2 * m_rowsBetweenTrials, kMostRowsBetweenTrials);
     }
 
     // Converts one row into sum (in order), through the cache or not.
+    // A trial takes the start of a wide row only, the rest going past.
     void addRow(const QRgb *row, int width, LabColour &sum)
     {
+        int cached = 0;
         if (useForNextRow()) {
-            for (int i = 0; i < width; ++i)
+            cached = m_worthIt ? width : std::min(width, kTrialPixels);
+            for (int i = 0; i < cached; ++i)
                 addLab(sum, lab(row[i]));
-            rowDone(width);
-        } else {
-            LabRowSum::add(row, width, sum);
+            rowDone(cached);
         }
+        LabRowSum::add(row + cached, width - cached, sum);
     }
 
 private:
     static constexpr int kBits = 16;
     static constexpr int kRowsBetweenTrials = 16;
+    static constexpr int kMostRowsBetweenTrials = 256;
+    static constexpr int kTrialPixels = 1024;
     static constexpr uint32_t kEmpty = 0xffffffffu;
     struct Bucket
     {
@@ -174,6 +185,12 @@ private:
     std::array<Bucket, (1 << kBits)> m_buckets{};
     qint64 m_hits = 0;
     int m_rowsWithout = 0;
+    int m_rowsBetweenTrials = kRowsBetweenTrials;
+    // The share of hits (in sixteenths) that makes the cache pay: a
+    // quarter against the plain code, nearly all against the vector path,
+    // which converts a row of a photograph faster than the cache looks its
+    // colours up and loses only to flat areas of a few colours.
+    int m_hitsWantedPer16 = LabRowSum::chosen() == LabRowSum::Path::Plain ? 4 : 15;
     bool m_worthIt = true;
 };
 

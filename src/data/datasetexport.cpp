@@ -82,7 +82,7 @@ bool CDataSetExport::write(QWidget *parent, const CColourTable &table, const QSt
     const QStringList notes = CPaletteFile::writeNotes(palette, format);
     if (!notes.isEmpty()) {
         QMessageBox::warning(parent, AppContext::productName(),
-                             tr("The data set was exported to:\n%1\n\n%2").arg(path, notes.join('\n')),
+                             tr("The data set was exported to:\n%1\n\n%2").arg(path, notes.join(QLatin1Char('\n'))),
                              QMessageBox::Ok);
     }
     return true;

@@ -2,8 +2,9 @@
 
 #include "colour/colourconversion.h"
 
-CColourTableEntry::CColourTableEntry(const QString &name, double red, double green, double blue)
-    : name(name), red(red), green(green), blue(blue)
+CColourTableEntry::CColourTableEntry(const QString &entryName, double entryRed,
+                                     double entryGreen, double entryBlue)
+    : name(entryName), red(entryRed), green(entryGreen), blue(entryBlue)
 {
     updateLab();
 }

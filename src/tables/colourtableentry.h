@@ -8,7 +8,8 @@ class CColourTableEntry
 {
 public:
     CColourTableEntry() = default;
-    CColourTableEntry(const QString &name, double red, double green, double blue);
+    CColourTableEntry(const QString &entryName, double entryRed, double entryGreen,
+                      double entryBlue);
 
     // Recomputes L, a, b from red, green, blue.
     void updateLab();

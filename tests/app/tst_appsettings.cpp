@@ -121,9 +121,9 @@ void TestAppSettings::storedKeysAreRead()
     StoredSettings::setValue("Directory/workdir", "/pictures");
     StoredSettings::setValue("Directory/recentFilesList", QStringList{"/a.png", "/b.png"});
     StoredSettings::setValue("DataDirectory/dfltDirectory", data.path());
-    StoredSettings::setValue("DataDirectory/directory", data.path() + "/sets");
+    StoredSettings::setValue("DataDirectory/directory", QString(data.path() + "/sets"));
     StoredSettings::setValue("ColourLibrary/dfltDirectory", library.path());
-    StoredSettings::setValue("ColourLibrary/directory", library.path() + "/chosen");
+    StoredSettings::setValue("ColourLibrary/directory", QString(library.path() + "/chosen"));
     StoredSettings::setValue("ColourLibrary/selected", "/lib/Reds.clrtable");
     StoredSettings::setValue("Sample/created", true);
     StoredSettings::setValue("General/maxRecordsDisplay", 7);

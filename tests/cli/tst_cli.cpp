@@ -18,6 +18,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -132,6 +133,7 @@ private slots:
     void sampleEmptyBandExitsThree();
     void samplePointBeyondImageExitsThree();
     void sampleLabAverageIsColourOfMeanLab();
+    void sampleLabBandOverNoiseIsColourOfMeanLab();
     void sampleIndexedGif();
     void samplePngWithAlphaIgnoresAlpha();
     void sampleTiffAndJpegAreRead();
@@ -1098,6 +1100,27 @@ void TestCli::sampleLabAverageIsColourOfMeanLab()
     QCOMPARE(lab.outText(), sampleLine(labToRgb((black.L + white.L) / 2, (black.a + white.a) / 2,
                                                 (black.b + white.b) / 2))
                                 + "\n");
+}
+
+// A band of noise large enough to be split over two threads, every row a
+// row of unrepeated colours for the vector path: the same line as the
+// colour of the mean L*a*b* of its pixels, each converted exactly.
+void TestCli::sampleLabBandOverNoiseIsColourOfMeanLab()
+{
+    QImage image(1031, 521, QImage::Format_RGB32);
+    QRandomGenerator rng(17);
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            line[x] = 0xff000000u | rng.bounded(0x1000000u);
+    }
+    const QString file = writeImage("noise.png", image);
+    const Run run = cli({"sample", file, "--band", "0,0,1031,521", "--average", "lab"});
+    QCOMPARE(run.exitCode, 0);
+    // (A band leaves the picture's last row and column out.)
+    const QVector<RgbColour> pixels = PixelList::read(image, QRect(0, 0, 1030, 520));
+    QCOMPARE(run.outText(), sampleLine(averageColours(pixels, false)) + "\n");
+    QVERIFY(sampleLine(averageColours(pixels, false)) != sampleLine(averageColours(pixels, true)));
 }
 
 void TestCli::sampleIndexedGif()

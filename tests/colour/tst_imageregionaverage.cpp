@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 
 Q_DECLARE_METATYPE(QImage::Format)
@@ -19,6 +20,7 @@ class TestImageRegionAverage : public QObject
 
 private:
     static QImage noisyImage(int width, int height, bool withAlpha);
+    static QImage flatThenNoisyImage(int width, int height);
     static void compareRgb(const RgbColour &actual, const RgbColour &expected);
     static void compareExactly(const RgbColour &actual, const RgbColour &expected);
     static void verifyBothRulesMatchPixelList(const QImage &image, const QRect &region);
@@ -225,14 +227,36 @@ void TestImageRegionAverage::indexedImageWithIndexBeyondPaletteReadsLikePixel()
 void TestImageRegionAverage::meanLabOfNoiseWithinBillionthOfPixelList_data()
 {
     QTest::addColumn<QRect>("region");
-    QTest::newRow("small") << QRect(3, 5, 40, 30);
-    QTest::newRow("whole picture, on two threads") << QRect(0, 0, 1100, 700);
+    QTest::addColumn<bool>("flatBands");
+    QTest::newRow("small") << QRect(3, 5, 40, 30) << false;
+    QTest::newRow("whole picture, on two threads") << QRect(0, 0, 1100, 700) << false;
+    // Rows that repeat colours and rows that never do, in turn: the rows
+    // go through the colour cache or past it as it pays, and back.
+    QTest::newRow("flat bands between noise") << QRect(0, 0, 1100, 700) << true;
+}
+
+// Bands of 100 rows: flat blocks of four colours, then noise, in turn.
+QImage TestImageRegionAverage::flatThenNoisyImage(int width, int height)
+{
+    QImage image = noisyImage(width, height, false);
+    const QRgb flat[4] = {qRgb(240, 240, 240), qRgb(30, 90, 200), qRgb(5, 5, 5),
+                          qRgb(250, 200, 60)};
+    for (int y = 0; y < height; y += 200) {
+        for (int row = y; row < std::min(y + 100, height); ++row) {
+            for (int x = 0; x < width; ++x)
+                image.setPixel(x, row, flat[(x / 50) % 4]);
+        }
+    }
+    return image;
 }
 
 void TestImageRegionAverage::meanLabOfNoiseWithinBillionthOfPixelList()
 {
     QFETCH(QRect, region);
-    static const QImage image = noisyImage(1100, 700, false);
+    QFETCH(bool, flatBands);
+    static const QImage noise = noisyImage(1100, 700, false);
+    static const QImage bands = flatThenNoisyImage(1100, 700);
+    const QImage &image = flatBands ? bands : noise;
     LabColour sum;
     for (const RgbColour &c : PixelList::read(image, region)) {
         const LabColour lab = rgbToLab(c);

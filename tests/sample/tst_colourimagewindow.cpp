@@ -67,7 +67,7 @@ QStringList shownValues(CColourImageWindow *page)
 } // namespace
 
 #define COMPARE_COLOUR(actual, expected) \
-    QVERIFY2(near(actual, expected), describe(actual) + " != " + describe(expected))
+    QVERIFY2(near(actual, expected), QByteArray(describe(actual) + " != " + describe(expected)).constData())
 
 class TestColourImageWindow : public QObject
 {
