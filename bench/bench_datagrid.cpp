@@ -27,8 +27,9 @@ public:
         CDataColourTable table;
         table.setHeader(QStringLiteral("# large data set"));
         for (int i = 0; i < kRows; ++i)
-            table.add(new CColourTableEntry(QStringLiteral("Sample %1").arg(i), (i % 256) / 255.0,
-                                            ((i / 256) % 256) / 255.0, ((i * 7) % 256) / 255.0));
+            table.add(std::make_unique<CColourTableEntry>(
+                QStringLiteral("Sample %1").arg(i), (i % 256) / 255.0, ((i / 256) % 256) / 255.0,
+                ((i * 7) % 256) / 255.0));
         if (!table.write(m_path))
             std::abort();
     }

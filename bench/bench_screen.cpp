@@ -52,8 +52,9 @@ void fillTable(CLibColourTable *table)
     quint32 seed = 777;
     for (int i = 0; i < kEntries; ++i) {
         seed = seed * 1664525u + 1013904223u;
-        table->add(new CColourTableEntry(QStringLiteral("Colour %1").arg(i), (seed >> 24) / 255.0,
-                                         ((seed >> 16) & 0xff) / 255.0, ((seed >> 8) & 0xff) / 255.0));
+        table->add(std::make_unique<CColourTableEntry>(
+            QStringLiteral("Colour %1").arg(i), (seed >> 24) / 255.0, ((seed >> 16) & 0xff) / 255.0,
+            ((seed >> 8) & 0xff) / 255.0));
     }
 }
 

@@ -134,7 +134,7 @@ void BM_ZoomStepWithFirstPaint(benchmark::State &state)
 }
 BENCHMARK(BM_ZoomStepWithFirstPaint)->DenseRange(0, 15)->Unit(benchmark::kMillisecond);
 
-// A 9 x 9 click in multiple mode at 100 %: averaging, the slot, the new
+// A 9 x 9 click in multiple mode at 100 %: averaging, the row, the new
 // sample and the viewport repainted with every mark.
 void BM_MultipleSelectionPick(benchmark::State &state)
 {

@@ -30,10 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     table.sort();
     if (table.count() > 0) {
         // The entry is handed back to the caller, as the grid's delete does.
-        CColourTableEntry *entry = table.at(table.count() / 2);
-        if (!table.removeAt(table.count() / 2))
+        if (!table.takeAt(table.count() / 2))
             std::abort();
-        delete entry;
     }
     if (table.removeAt(table.count() + 3))
         std::abort();

@@ -31,7 +31,7 @@ for name in recent open_img configure exit help about zoom_out zoom_in zoom_actu
   render "btn_toolbar_$name" 56 42 "widgets/toolbar/btn_toolbar_$name.png"
 done
 
-# Page toolbars: 46 x 34; the clear button of a selection slot is 16 x 16.
+# Page toolbars: 46 x 34; the clear button of a selection row is 16 x 16.
 for name in pick pick_drag pick_single multi_done maintain match add_data add_lib \
             new_data open_data save_data save_data_mod save_as_data table; do
   render "btn_toolbar_$name" 46 34 "widgets/sm_toolbar/btn_toolbar_$name.png"

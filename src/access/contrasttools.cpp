@@ -133,7 +133,7 @@ QVector<ContrastColour> CContrastTools::candidates() const
 {
     QVector<ContrastColour> list;
     if (m_page) {
-        const CMultipleSelection &selection = m_page->multipleSelection();
+        const CMultipleSelectionModel &selection = m_page->multipleSelection();
         for (int i = 0; i < selection.count(); ++i)
             list.append({selection.at(i).colour, QString(), tr("Slot %1").arg(i + 1)});
     }

@@ -31,7 +31,7 @@ public:
     // Opens (or raises) the grid of the data set's colours.
     void openGrid();
     // What the contrast window's list offers besides white and black: the
-    // multiple-selection slots, the shown match rows, the data set rows.
+    // multiple-selection entries, the shown match rows, the data set rows.
     QVector<ContrastColour> candidates() const;
 
     // Null until first opened.

@@ -17,7 +17,7 @@ class QPushButton;
 // with their names, a Swap button, the WCAG ratio with its five verdicts,
 // the APCA Lc with its guidance, and text in the two colours at normal and
 // large size. The background is chosen from a list (white, black and what
-// the candidates provider offers: the multiple-selection slots, the match
+// the candidates provider offers: the multiple-selection entries, the match
 // rows, the data set rows), or is the next pick on the page while the
 // window is open and "Next pick on the page" is chosen.
 class CContrastWindow : public QWidget

@@ -115,21 +115,21 @@ class LabCache
 public:
     LabCache()
     {
-        for (Slot &slot : m_slots)
-            slot.key = kEmpty;
+        for (Bucket &bucket : m_buckets)
+            bucket.key = kEmpty;
     }
 
     const LabColour &lab(QRgb pixel)
     {
         const uint32_t key = pixel & 0xffffffu;
-        Slot &slot = m_slots[(key * 2654435761u) >> (32 - kBits)];
-        if (slot.key != key) {
-            slot.key = key;
-            slot.lab = pixelLab(qRed(pixel), qGreen(pixel), qBlue(pixel));
+        Bucket &bucket = m_buckets[(key * 2654435761u) >> (32 - kBits)];
+        if (bucket.key != key) {
+            bucket.key = key;
+            bucket.lab = pixelLab(qRed(pixel), qGreen(pixel), qBlue(pixel));
         } else {
             ++m_hits;
         }
-        return slot.lab;
+        return bucket.lab;
     }
 
     // Whether the next row should go through the cache. A picture without
@@ -176,13 +176,13 @@ private:
     static constexpr int kMostRowsBetweenTrials = 256;
     static constexpr int kTrialPixels = 1024;
     static constexpr uint32_t kEmpty = 0xffffffffu;
-    struct Slot
+    struct Bucket
     {
         uint32_t key;
         LabColour lab;
     };
 
-    std::array<Slot, (1 << kBits)> m_slots{};
+    std::array<Bucket, (1 << kBits)> m_buckets{};
     qint64 m_hits = 0;
     int m_rowsWithout = 0;
     int m_rowsBetweenTrials = kRowsBetweenTrials;

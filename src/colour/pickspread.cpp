@@ -165,36 +165,36 @@ private:
 // Differences of recent colours, for picks too small to count every colour:
 // photographs repeat colours from pixel to pixel, and the conversion plus
 // CIEDE2000 is what costs. Direct mapped on the packed 24-bit colour; each
-// slot counts its pixels and adds them to the tally only when it is reused
+// bucket counts its pixels and adds them to the tally only when it is reused
 // for another colour or at the end, so the pixel loop itself does no
 // floating point and touches no histogram.
 class SpreadCache
 {
 public:
     // Sized to the pick: a click's few pixels should not pay for setting up
-    // 65,536 slots.
+    // 65,536 buckets.
     SpreadCache(const SpreadReference &reference, qint64 pixels, SharedBins *bins)
-        : m_reference(reference), m_bits(bitsFor(pixels)), m_slots(new Slot[size_t(1) << m_bits]),
-          m_tally(bins)
+        : m_reference(reference), m_bits(bitsFor(pixels)),
+          m_buckets(new Bucket[size_t(1) << m_bits]), m_tally(bins)
     {
         for (int i = 0; i < (1 << m_bits); ++i)
-            m_slots[i] = Slot{kEmpty, 0.0f, 0};
+            m_buckets[i] = Bucket{kEmpty, 0.0f, 0};
     }
 
     void add(QRgb pixel)
     {
         const uint32_t key = pixel & 0xffffffu;
-        Slot &slot = m_slots[(key * 2654435761u) >> (32 - m_bits)];
-        if (slot.key != key || slot.count == UINT32_MAX)
-            refill(slot, key);
-        ++slot.count;
+        Bucket &bucket = m_buckets[(key * 2654435761u) >> (32 - m_bits)];
+        if (bucket.key != key || bucket.count == UINT32_MAX)
+            refill(bucket, key);
+        ++bucket.count;
     }
 
-    // Empties every slot into the tally.
+    // Empties every bucket into the tally.
     const SpreadTally &flush()
     {
         for (int i = 0; i < (1 << m_bits); ++i)
-            settle(m_slots[i]);
+            settle(m_buckets[i]);
         return m_tally;
     }
 
@@ -202,31 +202,31 @@ private:
     static constexpr int kFewestBits = 4;
     static constexpr int kMostBits = 16;
     static constexpr uint32_t kEmpty = 0xffffffffu;
-    struct Slot
+    struct Bucket
     {
         uint32_t key;
         float difference;
         uint32_t count;
     };
 
-    void settle(Slot &slot)
+    void settle(Bucket &bucket)
     {
-        if (slot.count == 0)
+        if (bucket.count == 0)
             return;
-        m_tally.add(slot.difference, slot.count);
-        slot.count = 0;
+        m_tally.add(bucket.difference, bucket.count);
+        bucket.count = 0;
     }
 
-    void refill(Slot &slot, uint32_t key)
+    void refill(Bucket &bucket, uint32_t key)
     {
-        settle(slot);
-        if (slot.key == key)
+        settle(bucket);
+        if (bucket.key == key)
             return;
-        slot.key = key;
-        slot.difference = m_reference.difference(key);
+        bucket.key = key;
+        bucket.difference = m_reference.difference(key);
     }
 
-    // Enough slots for every pixel, between 16 and 65,536.
+    // Enough buckets for every pixel, between 16 and 65,536.
     static int bitsFor(qint64 pixels)
     {
         int bits = kFewestBits;
@@ -237,7 +237,7 @@ private:
 
     const SpreadReference &m_reference;
     const int m_bits;
-    std::unique_ptr<Slot[]> m_slots;
+    std::unique_ptr<Bucket[]> m_buckets;
     SpreadTally m_tally;
 };
 

@@ -117,11 +117,11 @@ void CDataModel::setTable(CDataColourTable *table)
     endResetModel();
 }
 
-void CDataModel::appendEntry(CColourTableEntry *entry)
+void CDataModel::appendEntry(std::unique_ptr<CColourTableEntry> entry)
 {
     const int row = rowCount();
     beginInsertRows(QModelIndex(), row, row);
-    m_table->add(entry);
+    m_table->add(std::move(entry));
     endInsertRows();
 }
 
@@ -171,11 +171,11 @@ void CDataModel::deleteRecord(const QModelIndex &index)
     setModified(true);
 }
 
-void CDataModel::insertEntryAt(int row, CColourTableEntry *entry)
+void CDataModel::insertEntryAt(int row, std::unique_ptr<CColourTableEntry> entry)
 {
     row = qBound(0, row, rowCount());
     beginInsertRows(QModelIndex(), row, row);
-    m_table->insertAt(row, entry);
+    m_table->insertAt(row, std::move(entry));
     endInsertRows();
 }
 

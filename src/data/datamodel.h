@@ -54,7 +54,7 @@ public:
     // emptied or reloaded) and resets the views.
     void setTable(CDataColourTable *table);
     // Appends an entry to the data set (the table takes it) as a new row.
-    void appendEntry(CColourTableEntry *entry);
+    void appendEntry(std::unique_ptr<CColourTableEntry> entry);
 
     // With a history, deleting and renaming a row go through it as undoable
     // changes; without one they happen directly. Not owned.
@@ -63,7 +63,7 @@ public:
 
     // The single steps the history replays, each announced to the views
     // (no modified flag: the caller sets it).
-    void insertEntryAt(int row, CColourTableEntry *entry);
+    void insertEntryAt(int row, std::unique_ptr<CColourTableEntry> entry);
     std::unique_ptr<CColourTableEntry> takeEntryAt(int row);
     void renameEntry(int row, const QString &name);
     void resetTo(const CDataSetSnapshot &snapshot);

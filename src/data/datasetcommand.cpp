@@ -63,7 +63,8 @@ CDataSetCommand *CDataSetCommand::replace(CDataModel *model, const QString &text
 
 void CDataSetCommand::insertRow(const CDataSetSnapshot::Row &row, int at)
 {
-    m_model->insertEntryAt(at, new CColourTableEntry(row.name, row.red, row.green, row.blue));
+    m_model->insertEntryAt(
+        at, std::make_unique<CColourTableEntry>(row.name, row.red, row.green, row.blue));
 }
 
 void CDataSetCommand::redo()

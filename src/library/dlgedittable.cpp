@@ -186,9 +186,7 @@ void CDlgEditTable::deleteEntry(int row)
 {
     if (row < 0 || row >= m_table->count())
         return;
-    CColourTableEntry *entry = m_table->at(row);
-    m_table->removeAt(row);
-    delete entry;
+    m_table->takeAt(row); // the entry is destroyed with the pointer handed back
     m_changed = true;
     fillGrid();
 }

@@ -151,7 +151,7 @@ void CPaletteFile::toTable(const CPalette &palette, CColourTable *table)
         // A table holds one colour a line.
         QString name = c.name;
         name.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
-        table->add(new CColourTableEntry(name, c.rgb.red, c.rgb.green, c.rgb.blue));
+        table->add(std::make_unique<CColourTableEntry>(name, c.rgb.red, c.rgb.green, c.rgb.blue));
     }
 }
 

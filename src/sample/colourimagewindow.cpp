@@ -109,14 +109,14 @@ QToolButton *CColourImageWindow::commandButton(int command) const
 QComboBox *CColourImageWindow::pickSizeCombo() const { return m_panel->pickSizeCombo(); }
 QLabel *CColourImageWindow::maximumNotice() const { return m_panel->maximumNotice(); }
 
-const CMultipleSelection &CColourImageWindow::multipleSelection() const
+const CMultipleSelectionModel &CColourImageWindow::multipleSelection() const
 {
     return m_multiple->selection();
 }
 
-CMultipleSelect *CColourImageWindow::multipleSlot(int slot) const
+CMultipleSelect *CColourImageWindow::multipleRow(int position) const
 {
-    return m_multiple->rows().at(slot);
+    return m_multiple->rows().at(position);
 }
 
 const CLibColourTable &CColourImageWindow::libraryTable() const { return m_library->table(); }

@@ -3,7 +3,7 @@
 #include "common/commandid.h"
 #include "app/maintabbedwindow.h"
 #include "colour/rgbcolour.h"
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 #include "sample/shownimage.h"
 
 #include <QRect>
@@ -43,7 +43,7 @@ class CColourImageWindow : public CMainTabbedWindow
     Q_OBJECT
 
 public:
-    static const int kMultipleSlots = CMultipleSelection::kCapacity;
+    static const int kMultipleRows = CMultipleSelectionModel::kCapacity;
 
     // `settings` may be null (a page shown on its own).
     explicit CColourImageWindow(CAppSettings *settings, QWidget *parent = nullptr);
@@ -98,8 +98,8 @@ public:
     int pickMode() const { return m_pickMode; }
     int selectionMode() const { return m_selectionMode; }
     int multipleCount() const { return multipleSelection().count(); }
-    const CMultipleSelection &multipleSelection() const;
-    CMultipleSelect *multipleSlot(int slot) const;
+    const CMultipleSelectionModel &multipleSelection() const;
+    CMultipleSelect *multipleRow(int position) const;
     const CLibColourTable &libraryTable() const;
     CLibrarySelector *librarySelector() const { return m_library; }
     // The page's own buttons and panel parts, as the user sees them.

@@ -57,7 +57,7 @@ public:
     QPoint keyboardPixel() const { return m_keyPixel; }
     QRubberBand *rubberBand() const { return m_rubberBand; }
 
-    // Redraws the marks of the in-use slots; the picture itself is untouched.
+    // Redraws the marks of the in-use rows; the picture itself is untouched.
     void drawSelectionMarks(const QVector<CMultipleSelect *> &entries);
     const QVector<SelectionMark> &selectionMarks() const { return m_marks; }
 

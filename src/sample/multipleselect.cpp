@@ -33,13 +33,13 @@ QWidget *framedSwatch(QLabel **swatch, QWidget *parent)
 
 } // namespace
 
-CMultipleSelect::CMultipleSelect(int slot, QWidget *parent, QSignalMapper *clearMapper)
+CMultipleSelect::CMultipleSelect(int position, QWidget *parent, QSignalMapper *clearMapper)
     : QObject(parent)
 {
     m_row = new QWidget(parent);
     auto *layout = new QHBoxLayout(m_row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new QLabel(tr("%1:").arg(slot + 1), m_row));
+    layout->addWidget(new QLabel(tr("%1:").arg(position + 1), m_row));
     layout->addWidget(framedSwatch(&m_swatch, m_row));
 
     auto *action = new QAction(
@@ -50,7 +50,7 @@ CMultipleSelect::CMultipleSelect(int slot, QWidget *parent, QSignalMapper *clear
     m_clearButton->setIconSize(QSize(kSwatchSide, kSwatchSide));
     m_clearButton->setAutoRaise(true);
     m_clearButton->setDefaultAction(action);
-    mapCommand(action, clearMapper, slot);
+    mapCommand(action, clearMapper, position);
     layout->addWidget(m_clearButton);
     layout->addStretch();
     m_row->hide();

@@ -10,16 +10,16 @@ class QSignalMapper;
 class QToolButton;
 class QWidget;
 
-// One slot of the multiple selection: a numbered row with a swatch and a
+// One row of the multiple selection: a numbered line with a swatch and a
 // clear button, the picked rectangle in image pixels and the pick's average.
 class CMultipleSelect : public QObject
 {
     Q_OBJECT
 
 public:
-    // Builds the slot's row (hidden) as a child of parent; the clear button
-    // is mapped to the slot number in clearMapper.
-    CMultipleSelect(int slot, QWidget *parent, QSignalMapper *clearMapper);
+    // Builds the row (hidden) as a child of parent for the entry at
+    // `position`; the clear button is mapped to that position in clearMapper.
+    CMultipleSelect(int position, QWidget *parent, QSignalMapper *clearMapper);
     ~CMultipleSelect() override;
 
     QWidget *row() const { return m_row; }
@@ -29,13 +29,13 @@ public:
     QRect rect() const { return m_rect; }
     void setRect(const QRect &rect) { m_rect = rect; }
     bool inUse() const { return m_inUse; }
-    // Marks the slot used or free and shows or hides its row.
+    // Marks the row used or free and shows or hides it.
     void setInUse(bool inUse);
     RgbColour colour() const { return m_colour; }
     // Stores the colour and renders the swatch and its tool tip with the
     // given RGB display format.
     void setColour(const RgbColour &colour, int rgbFormat);
-    // Takes over another slot's colour and rectangle.
+    // Takes over another row's colour and rectangle.
     void copyFrom(const CMultipleSelect &other, int rgbFormat);
 
 private:

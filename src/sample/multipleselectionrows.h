@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 
 #include <QObject>
 #include <QVector>
@@ -38,7 +38,7 @@ public:
     // Renders every row again, after a change of the display format.
     void refresh() { showRows(0); }
 
-    const CMultipleSelection &selection() const { return m_selection; }
+    const CMultipleSelectionModel &selection() const { return m_selection; }
     const QVector<CMultipleSelect *> &rows() const { return m_rows; }
 
 private:
@@ -47,7 +47,7 @@ private:
     void showRows(int from);
 
     const CAppSettings *m_settings = nullptr;
-    CMultipleSelection m_selection;
+    CMultipleSelectionModel m_selection;
     QVector<CMultipleSelect *> m_rows;
     QLabel *m_maximumNotice = nullptr;
     QToolButton *m_clearButton = nullptr;

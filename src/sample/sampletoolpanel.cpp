@@ -159,14 +159,14 @@ QWidget *CSampleToolPanel::buildMultipleSection(QWidget *parent, QSignalMapper *
     layout->addLayout(buttons);
 
     auto *grid = new QGridLayout;
-    for (int slot = 0; slot < kMultipleSlots; ++slot) {
-        auto *entry = new CMultipleSelect(slot, section, clearItems);
+    for (int position = 0; position < kMultipleRows; ++position) {
+        auto *entry = new CMultipleSelect(position, section, clearItems);
         m_rows.append(entry);
-        grid->addWidget(entry->row(), slot / 2, slot % 2);
+        grid->addWidget(entry->row(), position / 2, position % 2);
     }
     layout->addLayout(grid);
     m_maximumNotice =
-        new QLabel(tr("<font color='Crimson'>Maximum %1 Items</font>").arg(kMultipleSlots), section);
+        new QLabel(tr("<font color='Crimson'>Maximum %1 Items</font>").arg(kMultipleRows), section);
     m_maximumNotice->hide();
     layout->addWidget(m_maximumNotice);
     layout->addStretch();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/commandid.h"
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 
 #include <QToolBar>
 #include <QVector>
@@ -23,14 +23,14 @@ class QVBoxLayout;
 // The left-hand panel of the sampling page, built once: the pick mode and
 // size, the sample and its notes, the multiple-selection column, the library
 // choice and the match results. It only builds and hands out its parts: the
-// command buttons trigger through the page's mapper and the slots' clear
+// command buttons trigger through the page's mapper and the rows' clear
 // buttons through the page's clear mapper, so every decision stays the page's.
 class CSampleToolPanel : public QToolBar
 {
     Q_OBJECT
 
 public:
-    static const int kMultipleSlots = CMultipleSelection::kCapacity;
+    static const int kMultipleRows = CMultipleSelectionModel::kCapacity;
     // The page's commands that have a button here, first and last.
     static const int kFirstCommand = CmdMaintainLibrary;
     static const int kLastCommand = CmdClearMultiple;

@@ -89,6 +89,11 @@ void CColourTable::add(CColourTableEntry *entry)
     m_entries.emplace_back(entry);
 }
 
+void CColourTable::add(std::unique_ptr<CColourTableEntry> entry)
+{
+    add(entry.release());
+}
+
 void CColourTable::clear()
 {
     m_entries.clear();

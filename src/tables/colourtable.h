@@ -31,15 +31,19 @@ public:
 
     // The four list operations derived tables may extend.
     virtual void add(CColourTableEntry *entry); // takes ownership
+    // The form our callers use: the hand-over shows in the type. Goes through
+    // the virtual add() above, so a derived table's own lists follow.
+    void add(std::unique_ptr<CColourTableEntry> entry);
     virtual void clear();                       // also empties filePath and header
     // Removes the entry from the list without deleting it: whoever calls it
     // must have taken the pointer with at() first. takeAt() is the form that
-    // cannot leak.
+    // cannot leak, and the one our callers use.
     virtual bool removeAt(int index);
     virtual void sort(); // by name, case-insensitive, unstable
 
     // Removes the entry at index (through removeAt, so a derived table's own
-    // lists follow) and hands it back; nullptr when there is none.
+    // lists follow) and hands it back; nullptr when there is none. A caller
+    // that only wants the entry gone lets the result go: it is destroyed.
     std::unique_ptr<CColourTableEntry> takeAt(int index);
 
     // Replaces the whole content. CannotOpen leaves the table untouched;

@@ -1,6 +1,7 @@
 #include "tables/datacolourtable.h"
 
 #include <algorithm>
+#include <utility>
 
 CDataColourTable::~CDataColourTable() = default;
 
@@ -31,14 +32,14 @@ bool CDataColourTable::removeAt(int index)
     return CColourTable::removeAt(index);
 }
 
-void CDataColourTable::insertAt(int index, CColourTableEntry *entry)
+void CDataColourTable::insertAt(int index, std::unique_ptr<CColourTableEntry> entry)
 {
     index = std::max(0, std::min(index, count()));
     if (index <= m_markerA.size())
         m_markerA.insert(index, 0);
     if (index <= m_markerB.size())
         m_markerB.insert(index, 0);
-    m_entries.emplace(m_entries.begin() + index, entry);
+    m_entries.insert(m_entries.begin() + index, std::move(entry));
 }
 
 // Markers are reset rather than moved with their entries.

@@ -16,12 +16,13 @@ public:
     CDataColourTable() = default;
     ~CDataColourTable() override;
 
+    using CColourTable::add; // the owning form stays visible beside the override
     void add(CColourTableEntry *entry) override;
     void clear() override;
     bool removeAt(int index) override;
-    // Puts entry (taken) at index, clamped to the list; its markers start
-    // at 0. Undoing a deletion puts the row back where it was.
-    void insertAt(int index, CColourTableEntry *entry);
+    // Puts entry at index, clamped to the list; its markers start at 0.
+    // Undoing a deletion puts the row back where it was.
+    void insertAt(int index, std::unique_ptr<CColourTableEntry> entry);
     void sort() override; // resets every marker to 0
 
     // Read 0 / write ignored for an index beyond the list.

@@ -20,7 +20,7 @@ void CDataSetSnapshot::restoreInto(CDataColourTable &table) const
 {
     table.clear();
     for (const Row &row : rows)
-        table.add(new CColourTableEntry(row.name, row.red, row.green, row.blue));
+        table.add(std::make_unique<CColourTableEntry>(row.name, row.red, row.green, row.blue));
     table.setFilePath(filePath);
     table.setHeader(header);
     table.setUntitled(untitled);

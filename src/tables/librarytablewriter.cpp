@@ -67,7 +67,7 @@ CLibraryTableWriter::Status CLibraryTableWriter::addEntry(CColourTable &table,
     }
     if (table.containsName(entry.name))
         return DuplicateName;
-    table.add(new CColourTableEntry(entry));
+    table.add(std::make_unique<CColourTableEntry>(entry));
     const Status status = writeLocked(table, path, errorText);
     if (status != Written)
         table.takeAt(table.count() - 1);

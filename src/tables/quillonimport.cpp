@@ -79,8 +79,8 @@ bool CQuillonImport::parseLine(const QString &line, CColourTable &target)
             return false;
         pos = slash + 1;
     }
-    target.add(new CColourTableEntry(decodedName(QStringView(text).mid(pos)), values[0], values[1],
-                                     values[2]));
+    target.add(std::make_unique<CColourTableEntry>(decodedName(QStringView(text).mid(pos)),
+                                                   values[0], values[1], values[2]));
     return true;
 }
 

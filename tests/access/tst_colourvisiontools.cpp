@@ -202,8 +202,8 @@ void TestColourVisionTools::anotherPictureIsShownSimulatedAfresh()
 void TestColourVisionTools::labelSaysHowTheSampleLooksWithItsNearestName()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry("Olive Brown", 109 / 255.0, 95 / 255.0, 0.0));
-    table.add(new CColourTableEntry("Signal Red", 1.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>("Olive Brown", 109 / 255.0, 95 / 255.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>("Signal Red", 1.0, 0.0, 0.0));
     const QString path = m_library + "/Names.clrtable";
     QVERIFY(table.write(path));
     StoredSettings::setValue(QStringLiteral("ColourLibrary/selected"),

@@ -65,7 +65,7 @@ private slots:
     void swatchMenuOpensTheWindowOnTheSample();
     void nextPickBecomesTheBackgroundWhileOpen();
     void matchRowMenuChecksTheEntryAgainstTheSample();
-    void listOffersSlotsMatchRowsAndDataSetRows();
+    void listOffersMultipleSelectionMatchRowsAndDataSetRows();
     void dataGridMenuChecksARowAndOpensTheGrid();
     void gridEntryIsOffBelowTheRowsOfAnEmptyDataSet();
 };
@@ -93,8 +93,8 @@ void TestContrastTools::cleanup()
 QString TestContrastTools::writeTable(const QString &fileName)
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry("Lighter Grey", 0.5098, 0.5098, 0.5098));
-    table.add(new CColourTableEntry("Dark Grey", 0.3, 0.3, 0.3));
+    table.add(std::make_unique<CColourTableEntry>("Lighter Grey", 0.5098, 0.5098, 0.5098));
+    table.add(std::make_unique<CColourTableEntry>("Dark Grey", 0.3, 0.3, 0.3));
     const QString path = m_library + "/" + fileName;
     return table.write(path) ? QFileInfo(path).canonicalFilePath() : QString();
 }
@@ -174,7 +174,7 @@ void TestContrastTools::matchRowMenuChecksTheEntryAgainstTheSample()
     QCOMPARE(window->backgroundName()->text(), QStringLiteral("#000000"));
 }
 
-void TestContrastTools::listOffersSlotsMatchRowsAndDataSetRows()
+void TestContrastTools::listOffersMultipleSelectionMatchRowsAndDataSetRows()
 {
     const QString table = writeTable("Greys.clrtable");
     StoredSettings::setValue(QStringLiteral("ColourLibrary/selected"), table);
@@ -186,7 +186,7 @@ void TestContrastTools::listOffersSlotsMatchRowsAndDataSetRows()
     SampleFixture::leftClick(page->imageWidget(), QPoint(15, 4));
     QCOMPARE(page->multipleCount(), 1);
     CDataColourTable *data = m_window->dataPage()->grid()->table();
-    data->add(new CColourTableEntry("Paper", 0.96, 0.95, 0.9));
+    data->add(std::make_unique<CColourTableEntry>("Paper", 0.96, 0.95, 0.9));
     QStringList texts;
     for (const ContrastColour &c : m_window->contrastTools()->candidates())
         texts << c.source + ":" + c.name;
@@ -199,8 +199,8 @@ void TestContrastTools::dataGridMenuChecksARowAndOpensTheGrid()
 {
     m_window = std::make_unique<CMainWindow>(AppContext::versionTitle());
     CDataGrid *grid = m_window->dataPage()->grid();
-    grid->table()->add(new CColourTableEntry("Ink", 0.0, 0.0, 0.0));
-    grid->table()->add(new CColourTableEntry("Paper", 1.0, 1.0, 1.0));
+    grid->table()->add(std::make_unique<CColourTableEntry>("Ink", 0.0, 0.0, 0.0));
+    grid->table()->add(std::make_unique<CColourTableEntry>("Paper", 1.0, 1.0, 1.0));
     std::unique_ptr<CColourContextMenu> menu(grid->buildContextMenu(0));
     QAction *check = findAction(menu.get(), QStringLiteral("Check Contrast\u2026"));
     QAction *gridAction = findAction(menu.get(), QStringLiteral("Contrast Grid\u2026"));

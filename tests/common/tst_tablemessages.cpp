@@ -54,8 +54,8 @@ private slots:
 void TestTableMessages::fillTable(CColourTable &table)
 {
     table.setHeader("#saved");
-    table.add(new CColourTableEntry("Red, warm", 1.0, 0.2, 0.1));
-    table.add(new CColourTableEntry("Sea", 0.1, 0.4, 0.6));
+    table.add(std::make_unique<CColourTableEntry>("Red, warm", 1.0, 0.2, 0.1));
+    table.add(std::make_unique<CColourTableEntry>("Sea", 0.1, 0.4, 0.6));
 }
 
 QString TestTableMessages::libraryWithTables(QTemporaryDir &dir, const QStringList &files)
@@ -83,7 +83,7 @@ void TestTableMessages::loadingGoodTableShowsNoMessage()
 void TestTableMessages::unopenableFileShowsOpenError()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry("Kept", 0.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>("Kept", 0.0, 0.0, 0.0));
     const QString missing = path("missing.clrtable");
     ModalAnswerer answer("OK");
     QVERIFY(!CTableMessages::loadWithMessages(nullptr, table, "missing", missing));

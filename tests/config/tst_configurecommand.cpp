@@ -113,7 +113,7 @@ void TestConfigureCommand::init()
 std::unique_ptr<CMainWindow> TestConfigureCommand::windowWithGreyTable()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Grey"), 0.5, 0.5, 0.5));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Grey"), 0.5, 0.5, 0.5));
     const QString path = m_library + QStringLiteral("/greys.clrtable");
     if (!table.write(path))
         return nullptr;
@@ -186,7 +186,7 @@ void TestConfigureCommand::hexFormatAndOkChangesEveryRgbDisplayAtOnce()
     leftClick(page->imageWidget(), QPoint(4, 4));
     leftClick(page->imageWidget(), QPoint(12, 12));
     QCOMPARE(page->sampleValue(0)->text(), QStringLiteral("128"));
-    QVERIFY(page->multipleSlot(1)->swatch()->toolTip().startsWith(QStringLiteral("R:128, G:128")));
+    QVERIFY(page->multipleRow(1)->swatch()->toolTip().startsWith(QStringLiteral("R:128, G:128")));
 
     QVERIFY(configure(*window, [](CConfigDlg *dialog) {
         DialogActions::clickRadio(dialog->generalPage()->hexButton());
@@ -194,10 +194,10 @@ void TestConfigureCommand::hexFormatAndOkChangesEveryRgbDisplayAtOnce()
 
     for (int i = 0; i < 3; ++i)
         QCOMPARE(page->sampleValue(i)->text(), QStringLiteral("0x80"));
-    for (int slot = 0; slot < 2; ++slot)
-        QVERIFY2(page->multipleSlot(slot)->swatch()->toolTip().startsWith(
+    for (int position = 0; position < 2; ++position)
+        QVERIFY2(page->multipleRow(position)->swatch()->toolTip().startsWith(
                      QStringLiteral("R:0x80, G:0x80, B:0x80")),
-                 qPrintable(page->multipleSlot(slot)->swatch()->toolTip()));
+                 qPrintable(page->multipleRow(position)->swatch()->toolTip()));
 }
 
 void TestConfigureCommand::hexFormatIsStoredAtTheNextSave()
@@ -304,7 +304,7 @@ void TestConfigureCommand::changedLibraryFolderReloadsTheList()
     const QString other = m_fixture.filePath(QStringLiteral("moved-library"));
     QVERIFY(QDir().mkpath(other));
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Red"), 1, 0, 0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1, 0, 0));
     QVERIFY(table.write(other + QStringLiteral("/reds.clrtable")));
 
     QVERIFY(configure(*window, [other](CConfigDlg *dialog) {
@@ -324,7 +324,7 @@ void TestConfigureCommand::libraryFolderAlreadySetDoesNotReloadTheList()
     QVERIFY(showWindow(*window));
     // A table that appears after the list was read shows only once the list is filled again.
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Blue"), 0, 0, 1));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Blue"), 0, 0, 1));
     QVERIFY(table.write(m_library + QStringLiteral("/blues.clrtable")));
     const QString library = m_library;
 

@@ -171,8 +171,8 @@ QString TestChartDataWindow::writeDataFile(const QString &name, const QByteArray
 void TestChartDataWindow::addRows(int count)
 {
     for (int i = 0; i < count; ++i)
-        page()->model()->appendEntry(
-            new CColourTableEntry(QStringLiteral("Added %1").arg(i), 0.25 * i, 0.5, 0.75));
+        page()->model()->appendEntry(std::make_unique<CColourTableEntry>(
+            QStringLiteral("Added %1").arg(i), 0.25 * i, 0.5, 0.75));
     page()->model()->setModified(true);
 }
 

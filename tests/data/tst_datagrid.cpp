@@ -94,8 +94,8 @@ void TestDataGrid::showGrid()
 void TestDataGrid::fillTable(int count)
 {
     for (int i = 0; i < count; ++i)
-        m_grid->model()->appendEntry(
-            new CColourTableEntry(QStringLiteral("Colour %1").arg(i), 0.1 * i, 0.2, 0.3));
+        m_grid->model()->appendEntry(std::make_unique<CColourTableEntry>(
+            QStringLiteral("Colour %1").arg(i), 0.1 * i, 0.2, 0.3));
 }
 
 QString TestDataGrid::writeFiveColours()
@@ -181,7 +181,8 @@ void TestDataGrid::emptyDataSetShowsElevenHeadersAndNoRows()
 
 void TestDataGrid::orangeSwatchIsPaintedFf8000InsideTheCell()
 {
-    m_grid->model()->appendEntry(new CColourTableEntry(QStringLiteral("Orange"), 1.0, 0.5, 0.0));
+    m_grid->model()->appendEntry(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Orange"), 1.0, 0.5, 0.0));
     showGrid();
     QTableView *view = m_grid->view();
     const QRect cell = view->visualRect(view->model()->index(0, CDataModel::ColSwatch));
@@ -372,7 +373,8 @@ void TestDataGrid::afterLoadAndAddTheFirstRowCarriesTheAddedMarker()
 {
     QCOMPARE(m_table->load(writeFiveColours()).status, int(CColourTable::Loaded));
     m_grid->model()->setTable(m_table.get());
-    m_grid->model()->appendEntry(new CColourTableEntry(QStringLiteral("Six"), 0.6, 0.7, 0.8));
+    m_grid->model()->appendEntry(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Six"), 0.6, 0.7, 0.8));
     showGrid();
     // The added entry's row (5) has no marker of its own ...
     moveTo(5, CDataModel::ColEdit);

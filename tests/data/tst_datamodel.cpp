@@ -80,7 +80,8 @@ QString TestDataModel::writeFiveColours()
 void TestDataModel::addColours(CDataColourTable &table, int count)
 {
     for (int i = 0; i < count; ++i)
-        table.add(new CColourTableEntry(QStringLiteral("C%1").arg(i), 0.1 * i, 0.05 * i, 0.5));
+        table.add(std::make_unique<CColourTableEntry>(QStringLiteral("C%1").arg(i), 0.1 * i,
+                                                      0.05 * i, 0.5));
 }
 
 void TestDataModel::emptyDataSetHasElevenHeadersAndNoRows()
@@ -125,7 +126,7 @@ void TestDataModel::headersOnlyForHorizontalDisplay()
 void TestDataModel::orangeShowsSwatchNameFf8000()
 {
     CDataColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Orange"), 1.0, 0.5, 0.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Orange"), 1.0, 0.5, 0.0));
     CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColSwatch)).toString(),
              QStringLiteral("#ff8000"));
@@ -134,8 +135,8 @@ void TestDataModel::orangeShowsSwatchNameFf8000()
 void TestDataModel::nameAndLabShowFourDecimals()
 {
     CDataColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("White"), 1.0, 1.0, 1.0));
-    table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("White"), 1.0, 1.0, 1.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
     CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColName)).toString(), QStringLiteral("White"));
     QCOMPARE(model.data(model.index(0, CDataModel::ColL)).toString(), QStringLiteral("100.0000"));
@@ -162,7 +163,7 @@ void TestDataModel::rgbFollowsTheDisplayFormat()
     m_settings->rgbFormat = format;
     CDataColourTable table;
     const double blue = format == 1 ? 0.123456 : 0.0;
-    table.add(new CColourTableEntry(QStringLiteral("X"), 1.0, 0.5, blue));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("X"), 1.0, 0.5, blue));
     CDataModel model(m_settings, &table);
     QCOMPARE(model.data(model.index(0, CDataModel::ColRed)).toString(), texts.at(0));
     QCOMPARE(model.data(model.index(0, CDataModel::ColGreen)).toString(), texts.at(1));
@@ -263,7 +264,7 @@ void TestDataModel::addAfterLoadShowsItsMarkerOnRowZero()
     CDataColourTable table;
     QCOMPARE(table.load(writeFiveColours()).status, int(CColourTable::Loaded));
     CDataModel model(m_settings, &table);
-    model.appendEntry(new CColourTableEntry(QStringLiteral("Six"), 0.6, 0.7, 0.8));
+    model.appendEntry(std::make_unique<CColourTableEntry>(QStringLiteral("Six"), 0.6, 0.7, 0.8));
     QCOMPARE(model.rowCount(), 6);
     QCOMPARE(table.markerAList().size(), 1);
     QCOMPARE(table.markerBList().size(), 1);
@@ -319,7 +320,7 @@ void TestDataModel::appendEntryAddsARow()
     CDataColourTable table;
     CDataModel model(m_settings, &table);
     QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-    model.appendEntry(new CColourTableEntry(QStringLiteral("New"), 0.2, 0.4, 0.6));
+    model.appendEntry(std::make_unique<CColourTableEntry>(QStringLiteral("New"), 0.2, 0.4, 0.6));
     QCOMPARE(inserted.count(), 1);
     QCOMPARE(model.rowCount(), 1);
     QCOMPARE(model.data(model.index(0, CDataModel::ColName)).toString(), QStringLiteral("New"));

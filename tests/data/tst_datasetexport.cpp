@@ -49,9 +49,10 @@ void TestDataSetExport::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
     QVERIFY(m_dir.isValid());
-    m_table.add(new CColourTableEntry(QStringLiteral("Limegreen"), 50 / 255.0, 205 / 255.0,
-                                      50 / 255.0));
-    m_table.add(new CColourTableEntry(QStringLiteral("Navy blue"), 0.0, 0.0, 128 / 255.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Limegreen"), 50 / 255.0,
+                                                    205 / 255.0, 50 / 255.0));
+    m_table.add(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Navy blue"), 0.0, 0.0, 128 / 255.0));
 }
 
 void TestDataSetExport::filterOffersTheFourPaletteFormats()
@@ -126,7 +127,7 @@ void TestDataSetExport::failedExportShowsTheWriteErrorAndWritesNothing()
 void TestDataSetExport::outOfRangeColoursAreReportedAfterTheExport()
 {
     CDataColourTable odd;
-    odd.add(new CColourTableEntry(QStringLiteral("Odd"), 1.2, -0.1, 0.5));
+    odd.add(std::make_unique<CColourTableEntry>(QStringLiteral("Odd"), 1.2, -0.1, 0.5));
     QWidget parent;
     ModalAnswerer answer(QStringLiteral("OK"));
     QVERIFY(CDataSetExport::write(&parent, odd, path("odd.ase"), CPaletteFile::Ase));

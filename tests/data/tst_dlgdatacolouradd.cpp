@@ -234,7 +234,8 @@ void TestDlgDataColourAdd::duplicateNameAsksAndYesAddsTheDuplicate()
 {
     CChartDataWindow page(nullptr);
     page.processCommand(CmdNewData);
-    page.model()->appendEntry(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    page.model()->appendEntry(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
     ModalSequence answers({{QStringLiteral("OK"), DialogActions::typeText(QStringLiteral("Red"))},
                            {QStringLiteral("Yes"), {}}});
     QVERIFY(page.addColour(0.9, 0.1, 0.1));
@@ -252,7 +253,7 @@ void TestDlgDataColourAdd::duplicateNameAsksAndYesAddsTheDuplicate()
 void TestDlgDataColourAdd::duplicateNameAnsweredNoKeepsTheDialogOpen()
 {
     m_table.setUntitled(true);
-    m_table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
     m_dialog = makeDialog();
     QTest::keyClicks(m_dialog->nameEdit(), QStringLiteral("Red"));
     ModalAnswerer answer(QStringLiteral("No"));
@@ -266,7 +267,7 @@ void TestDlgDataColourAdd::duplicateNameAnsweredNoKeepsTheDialogOpen()
 void TestDlgDataColourAdd::duplicateTestIsCaseSensitive()
 {
     m_table.setUntitled(true);
-    m_table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
     m_dialog = makeDialog();
     QTest::keyClicks(m_dialog->nameEdit(), QStringLiteral("red"));
     ModalAnswerer unexpected(QStringLiteral("No"), ModalAnswerer::Action(), 200);
@@ -281,7 +282,7 @@ void TestDlgDataColourAdd::duplicateTestIsCaseSensitive()
 void TestDlgDataColourAdd::duplicateNotCheckedForAnotherFile()
 {
     m_table.setUntitled(true);
-    m_table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
     m_dialog = makeDialog();
     QTest::keyClicks(m_dialog->nameEdit(), QStringLiteral("Red"));
     DialogActions::clickRadio(m_dialog->choiceButton(CDlgDataColourAdd::OpenAndAdd));

@@ -67,8 +67,8 @@ void TestDlgLibColourTableAdd::init()
 {
     m_dialog.reset();
     m_table.clear();
-    m_table.add(new CColourTableEntry(QStringLiteral("Red"), 1.0, 0.0, 0.0));
-    m_table.add(new CColourTableEntry(QStringLiteral("Red; dark"), 0.5, 0.0, 0.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red"), 1.0, 0.0, 0.0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Red; dark"), 0.5, 0.0, 0.0));
     m_settings->rgbFormat = 0;
 }
 

@@ -143,7 +143,8 @@ QString TestMatchPanel::writeTable(const QString &fileName, const QVector<NamedC
 {
     CLibColourTable table;
     for (const NamedColour &c : colours)
-        table.add(new CColourTableEntry(c.name, c.colour.red, c.colour.green, c.colour.blue));
+        table.add(std::make_unique<CColourTableEntry>(c.name, c.colour.red, c.colour.green,
+                                                      c.colour.blue));
     const QString path = m_library + "/" + fileName;
     return table.write(path) ? QFileInfo(path).canonicalFilePath() : QString();
 }

@@ -85,8 +85,8 @@ bool TestMatchRunner::selectTable(const QString &name, const QVector<RgbColour> 
     CLibColourTable table;
     for (int i = 0; i < colours.size(); ++i) {
         const RgbColour &c = colours.at(i);
-        table.add(new CColourTableEntry(QStringLiteral("Entry %1").arg(i + 1), c.red, c.green,
-                                        c.blue));
+        table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Entry %1").arg(i + 1), c.red,
+                                                      c.green, c.blue));
     }
     const QString path = QDir(m_settings->libraryDir).filePath(name + ".clrtable");
     if (!table.write(path))

@@ -75,14 +75,14 @@ private slots:
     void initTestCase();
     void init();
 
-    void slotRowsAreNumberedAndHidden();
-    void eachPickFillsTheNextSlot();
+    void rowsAreNumberedAndHidden();
+    void eachPickFillsTheNextRow();
     void ninthPickShowsTheMaximumAndKeepsTheSample();
     void clearingAnyEntryHidesTheMaximumNotice();
     void clearingEntryThreeOfFiveMovesTheLaterEntriesUp();
     void clearingTheLastEntryKeepsTheSampleAndDisablesClear();
     void redAndBlueAverageToRootMeanSquare();
-    void slotSwatchShowsItsColourAndValues();
+    void rowSwatchShowsItsColourAndValues();
     void clearMultipleSelectionEmptiesTheListAndTheMarks();
     void pressingMultipleAgainEmptiesTheList();
     void switchingToSingleKeepsTheSample();
@@ -92,7 +92,7 @@ private slots:
     void markNearTheRightHalfPutsItsNumberOnTheLeft();
     void wideMarkIsPulledInFromTheRightEdge();
     void newImageStartsWithoutMarks();
-    void settingsChangeRendersTheSlotsAgain();
+    void settingsChangeRendersTheRowsAgain();
 
 private:
     std::unique_ptr<CMainWindow> openWindow(const QImage &image, const QString &name);
@@ -127,19 +127,19 @@ void TestMultipleSelect::pickColumns(CMainWindow &window, const QList<int> &colu
         leftClick(page->imageWidget(), QPoint(column * 10 + 5, 10));
 }
 
-void TestMultipleSelect::slotRowsAreNumberedAndHidden()
+void TestMultipleSelect::rowsAreNumberedAndHidden()
 {
     CMainWindow window(AppContext::versionTitle());
     QVERIFY(showWindow(window));
     CColourImageWindow *page = window.samplingPage();
-    for (int slot = 0; slot < 8; ++slot) {
-        CMultipleSelect *entry = page->multipleSlot(slot);
+    for (int position = 0; position < 8; ++position) {
+        CMultipleSelect *entry = page->multipleRow(position);
         QVERIFY(!entry->inUse());
         QVERIFY(!entry->row()->isVisible());
         QCOMPARE(entry->rect(), QRect(QPoint(0, 0), QPoint(-1, -1)));
         const QList<QLabel *> labels = entry->row()->findChildren<QLabel *>();
         QVERIFY(!labels.isEmpty());
-        QCOMPARE(labels.first()->text(), QStringLiteral("%1:").arg(slot + 1));
+        QCOMPARE(labels.first()->text(), QStringLiteral("%1:").arg(position + 1));
         QCOMPARE(entry->clearButton()->size(), QSize(16, 16));
         QCOMPARE(entry->clearButton()->defaultAction()->text(), QString());
         QCOMPARE(entry->swatch()->parentWidget()->styleSheet(), QStringLiteral("border:1px solid black"));
@@ -151,18 +151,18 @@ void TestMultipleSelect::slotRowsAreNumberedAndHidden()
              QStringLiteral("<font color='Crimson'>Maximum 8 Items</font>"));
 }
 
-void TestMultipleSelect::eachPickFillsTheNextSlot()
+void TestMultipleSelect::eachPickFillsTheNextRow()
 {
     auto window = openWindow(columnsImage(), "fill.png");
     QVERIFY(window);
     pickColumns(*window, {0, 1, 2});
     CColourImageWindow *page = window->samplingPage();
     QCOMPARE(page->multipleCount(), 3);
-    for (int slot = 0; slot < 3; ++slot) {
-        QVERIFY(page->multipleSlot(slot)->row()->isVisible());
-        QCOMPARE(page->multipleSlot(slot)->rect(), QRect(slot * 10 + 5, 10, 1, 1));
+    for (int position = 0; position < 3; ++position) {
+        QVERIFY(page->multipleRow(position)->row()->isVisible());
+        QCOMPARE(page->multipleRow(position)->rect(), QRect(position * 10 + 5, 10, 1, 1));
     }
-    QVERIFY(!page->multipleSlot(3)->row()->isVisible());
+    QVERIFY(!page->multipleRow(3)->row()->isVisible());
     QVERIFY(page->commandButton(CmdClearMultiple)->isEnabled());
     QCOMPARE(markNumbers(page->imageWidget()), (QList<int>{1, 2, 3}));
 }
@@ -190,7 +190,7 @@ void TestMultipleSelect::clearingAnyEntryHidesTheMaximumNotice()
     pickColumns(*window, {0, 1, 2, 3, 4, 5, 6, 7, 8});
     CColourImageWindow *page = window->samplingPage();
     QVERIFY(page->maximumNotice()->isVisible());
-    page->multipleSlot(5)->clearButton()->click();
+    page->multipleRow(5)->clearButton()->click();
     QVERIFY(!page->maximumNotice()->isVisible());
     QCOMPARE(page->multipleCount(), 7);
 }
@@ -201,14 +201,14 @@ void TestMultipleSelect::clearingEntryThreeOfFiveMovesTheLaterEntriesUp()
     QVERIFY(window);
     pickColumns(*window, {0, 1, 2, 3, 4});
     CColourImageWindow *page = window->samplingPage();
-    page->multipleSlot(2)->clearButton()->click(); // entry 3
+    page->multipleRow(2)->clearButton()->click(); // entry 3
     QCOMPARE(page->multipleCount(), 4);
-    QVERIFY(near(page->multipleSlot(2)->colour(), colourOf(kColumns[3])));
-    QVERIFY(near(page->multipleSlot(3)->colour(), colourOf(kColumns[4])));
-    QCOMPARE(page->multipleSlot(2)->rect(), QRect(35, 10, 1, 1));
-    QCOMPARE(page->multipleSlot(3)->rect(), QRect(45, 10, 1, 1));
-    QVERIFY(page->multipleSlot(3)->row()->isVisible());
-    QVERIFY(!page->multipleSlot(4)->row()->isVisible());
+    QVERIFY(near(page->multipleRow(2)->colour(), colourOf(kColumns[3])));
+    QVERIFY(near(page->multipleRow(3)->colour(), colourOf(kColumns[4])));
+    QCOMPARE(page->multipleRow(2)->rect(), QRect(35, 10, 1, 1));
+    QCOMPARE(page->multipleRow(3)->rect(), QRect(45, 10, 1, 1));
+    QVERIFY(page->multipleRow(3)->row()->isVisible());
+    QVERIFY(!page->multipleRow(4)->row()->isVisible());
     // The marks on the picture are renumbered with them.
     const QVector<CImageWidget::SelectionMark> marks = page->imageWidget()->selectionMarks();
     QCOMPARE(marks.size(), 4);
@@ -230,7 +230,7 @@ void TestMultipleSelect::clearingTheLastEntryKeepsTheSampleAndDisablesClear()
     pickColumns(*window, {3});
     CColourImageWindow *page = window->samplingPage();
     const QString shown = page->sampleValue(0)->text();
-    page->multipleSlot(0)->clearButton()->click();
+    page->multipleRow(0)->clearButton()->click();
     QCOMPARE(page->multipleCount(), 0);
     QVERIFY(page->isSamplePresent());
     QVERIFY(near(page->sample(), colourOf(kColumns[3])));
@@ -252,12 +252,12 @@ void TestMultipleSelect::redAndBlueAverageToRootMeanSquare()
     QCOMPARE(page->sampleValue(2)->text(), QStringLiteral("0.71"));
 }
 
-void TestMultipleSelect::slotSwatchShowsItsColourAndValues()
+void TestMultipleSelect::rowSwatchShowsItsColourAndValues()
 {
     auto window = openWindow(columnsImage(), "swatch.png");
     QVERIFY(window);
     pickColumns(*window, {3}); // (40, 80, 120)
-    QLabel *swatch = window->samplingPage()->multipleSlot(0)->swatch();
+    QLabel *swatch = window->samplingPage()->multipleRow(0)->swatch();
     const RgbColour c = colourOf(kColumns[3]);
     const QStringList rgb = formatRgb(c.red, c.green, c.blue, 2, false, 0);
     const QStringList lab = formatLab(c.red, c.green, c.blue, 2);
@@ -277,8 +277,8 @@ void TestMultipleSelect::clearMultipleSelectionEmptiesTheListAndTheMarks()
     const RgbColour sample = page->sample();
     page->commandButton(CmdClearMultiple)->click();
     QCOMPARE(page->multipleCount(), 0);
-    for (int slot = 0; slot < 8; ++slot)
-        QVERIFY(!page->multipleSlot(slot)->row()->isVisible());
+    for (int position = 0; position < 8; ++position)
+        QVERIFY(!page->multipleRow(position)->row()->isVisible());
     QVERIFY(!page->commandButton(CmdClearMultiple)->isEnabled());
     QVERIFY(page->imageWidget()->selectionMarks().isEmpty());
     QVERIFY(near(page->sample(), sample));
@@ -432,14 +432,14 @@ void TestMultipleSelect::newImageStartsWithoutMarks()
     QCOMPARE(markNumbers(page->imageWidget()), (QList<int>{1}));
 }
 
-void TestMultipleSelect::settingsChangeRendersTheSlotsAgain()
+void TestMultipleSelect::settingsChangeRendersTheRowsAgain()
 {
     auto window = openWindow(columnsImage(), "format.png");
     QVERIFY(window);
     pickColumns(*window, {3});
     window->settings()->rgbFormat = 2;
     window->applyConfigurationChanges(window->settings()->libraryDir);
-    QVERIFY(window->samplingPage()->multipleSlot(0)->swatch()->toolTip().startsWith(
+    QVERIFY(window->samplingPage()->multipleRow(0)->swatch()->toolTip().startsWith(
         QStringLiteral("R:0x28, G:0x50, B:0x78<br />")));
     QCOMPARE(window->samplingPage()->sampleValue(0)->text(), QStringLiteral("0x28"));
 }

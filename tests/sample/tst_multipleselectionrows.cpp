@@ -46,7 +46,7 @@ private:
     CColourImageWindowView *m_view = nullptr;
     QLabel *m_notice = nullptr;
     QToolButton *m_clear = nullptr;
-    QVector<CMultipleSelect *> m_slots;
+    QVector<CMultipleSelect *> m_selects;
     std::unique_ptr<CMultipleSelectionRows> m_rows;
 };
 
@@ -62,10 +62,10 @@ void TestMultipleSelectionRows::init()
     m_host = std::make_unique<QWidget>();
     auto *layout = new QVBoxLayout(m_host.get());
     m_mapper = new QSignalMapper(m_host.get());
-    m_slots.clear();
-    for (int slot = 0; slot < CMultipleSelection::kCapacity; ++slot) {
-        m_slots.append(new CMultipleSelect(slot, m_host.get(), m_mapper));
-        layout->addWidget(m_slots.last()->row());
+    m_selects.clear();
+    for (int position = 0; position < CMultipleSelectionModel::kCapacity; ++position) {
+        m_selects.append(new CMultipleSelect(position, m_host.get(), m_mapper));
+        layout->addWidget(m_selects.last()->row());
     }
     m_notice = new QLabel(QStringLiteral("Maximum"), m_host.get());
     m_notice->hide();
@@ -74,7 +74,7 @@ void TestMultipleSelectionRows::init()
     m_view = new CColourImageWindowView(m_host.get());
     layout->addWidget(m_view);
     m_view->setImage(ImageWriter::gradient(100, 40));
-    m_rows = std::make_unique<CMultipleSelectionRows>(m_settings.get(), m_slots, m_notice, m_clear,
+    m_rows = std::make_unique<CMultipleSelectionRows>(m_settings.get(), m_selects, m_notice, m_clear,
                                                       m_view->imageWidget());
     m_host->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
@@ -105,9 +105,9 @@ QVector<int> TestMultipleSelectionRows::markNumbers() const
 QVector<QRect> TestMultipleSelectionRows::rowRects() const
 {
     QVector<QRect> rects;
-    for (CMultipleSelect *slot : m_slots) {
-        if (slot->inUse())
-            rects.append(slot->rect());
+    for (CMultipleSelect *row : m_selects) {
+        if (row->inUse())
+            rects.append(row->rect());
     }
     return rects;
 }
@@ -115,10 +115,10 @@ QVector<QRect> TestMultipleSelectionRows::rowRects() const
 void TestMultipleSelectionRows::firstPickFillsTheFirstRowAndEnablesClear()
 {
     pick(1);
-    QVERIFY(m_slots.at(0)->inUse());
-    QVERIFY(m_slots.at(0)->row()->isVisible());
-    QVERIFY(!m_slots.at(1)->inUse());
-    QCOMPARE(m_slots.at(0)->colour().red, 0.1);
+    QVERIFY(m_selects.at(0)->inUse());
+    QVERIFY(m_selects.at(0)->row()->isVisible());
+    QVERIFY(!m_selects.at(1)->inUse());
+    QCOMPARE(m_selects.at(0)->colour().red, 0.1);
     QVERIFY(m_clear->isEnabled());
     QCOMPARE(markNumbers(), QVector<int>({1}));
     QCOMPARE(m_rows->selection().count(), 1);
@@ -146,8 +146,8 @@ void TestMultipleSelectionRows::removingMovesTheLaterPicksUpARow()
     QCOMPARE(rects.size(), 7);
     QCOMPARE(rects.at(0), QRect(10, 10, 3, 3));
     QCOMPARE(rects.at(1), QRect(30, 10, 3, 3));
-    QCOMPARE(m_slots.at(1)->colour().red, 0.3);
-    QVERIFY(!m_slots.at(7)->row()->isVisible());
+    QCOMPARE(m_selects.at(1)->colour().red, 0.3);
+    QVERIFY(!m_selects.at(7)->row()->isVisible());
     QCOMPARE(markNumbers(), QVector<int>({1, 2, 3, 4, 5, 6, 7}));
 }
 
@@ -192,11 +192,11 @@ void TestMultipleSelectionRows::clearLeavesTheMarksUntilTheyAreRedrawn()
 void TestMultipleSelectionRows::refreshRendersTheRowsInTheNewFormat()
 {
     pick(5);
-    QVERIFY(m_slots.at(0)->swatch()->toolTip().startsWith(QStringLiteral("R:127, G:127, B:127")));
+    QVERIFY(m_selects.at(0)->swatch()->toolTip().startsWith(QStringLiteral("R:127, G:127, B:127")));
     m_settings->rgbFormat = 2;
     m_rows->refresh();
-    QVERIFY2(m_slots.at(0)->swatch()->toolTip().startsWith(QStringLiteral("R:0x7f, G:0x7f")),
-             qPrintable(m_slots.at(0)->swatch()->toolTip()));
+    QVERIFY2(m_selects.at(0)->swatch()->toolTip().startsWith(QStringLiteral("R:0x7f, G:0x7f")),
+             qPrintable(m_selects.at(0)->swatch()->toolTip()));
 }
 
 QTEST_MAIN(TestMultipleSelectionRows)

@@ -167,7 +167,7 @@ QString TestPickInsight::writeTable(const QString &fileName, const QVector<Named
 {
     CLibColourTable table;
     for (const Named &c : colours)
-        table.add(new CColourTableEntry(c.name, c.red, c.green, c.blue));
+        table.add(std::make_unique<CColourTableEntry>(c.name, c.red, c.green, c.blue));
     const QString path = m_library + "/" + fileName;
     return table.write(path) ? QFileInfo(path).canonicalFilePath() : QString();
 }

@@ -32,7 +32,7 @@ private slots:
     void numbersOutsideThePageHaveNoButton_data();
     void numbersOutsideThePageHaveNoButton();
     void clickingAButtonMapsItsCommand();
-    void clearButtonsOfTheRowsMapTheirSlotNumbers();
+    void clearButtonsOfTheRowsMapTheirPositions();
     void checkCommandLeavesOneButtonOfTheGroupChecked();
     void sampleCommandsAreEnabledTogether();
     void pickSizesAreTheOddSquaresUpToNine();
@@ -126,10 +126,10 @@ void TestSampleToolPanel::clickingAButtonMapsItsCommand()
     QCOMPARE(mapped.at(1).at(0).toInt(), int(CmdMaintainLibrary));
 }
 
-void TestSampleToolPanel::clearButtonsOfTheRowsMapTheirSlotNumbers()
+void TestSampleToolPanel::clearButtonsOfTheRowsMapTheirPositions()
 {
     const QVector<CMultipleSelect *> &rows = m_panel->selectionRows();
-    QCOMPARE(rows.size(), CSampleToolPanel::kMultipleSlots);
+    QCOMPARE(rows.size(), CSampleToolPanel::kMultipleRows);
     QSignalSpy mapped(m_clearItems.get(), &QSignalMapper::mappedInt);
     rows.at(5)->clearButton()->defaultAction()->trigger();
     rows.at(0)->clearButton()->defaultAction()->trigger();

@@ -93,10 +93,10 @@ void TestSamplingPageClipboard::activate()
 void TestSamplingPageClipboard::matchAgainstTrio(const RgbColour &sample)
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Dodger & blue"), m_blue.red, m_blue.green,
-                                    m_blue.blue));
-    table.add(new CColourTableEntry(QStringLiteral("Black"), 0, 0, 0));
-    table.add(new CColourTableEntry(QStringLiteral("White"), 1, 1, 1));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Dodger & blue"), m_blue.red,
+                                                  m_blue.green, m_blue.blue));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Black"), 0, 0, 0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("White"), 1, 1, 1));
     QVERIFY(table.write(QDir(m_settings->libraryDir).filePath(QStringLiteral("Trio.clrtable"))));
     m_page->librarySelector()->fillLibraryCombo();
     const int index = m_page->libraryCombo()->findText(QStringLiteral("Trio"));

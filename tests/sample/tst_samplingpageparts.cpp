@@ -77,7 +77,8 @@ void TestSamplingPageParts::cleanup()
 QString TestSamplingPageParts::writeLibraryTable(const QString &fileName, const RgbColour &colour)
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Only"), colour.red, colour.green, colour.blue));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Only"), colour.red, colour.green,
+                                                  colour.blue));
     const QString path = QDir(m_settings->libraryDir).filePath(fileName);
     return table.write(path) ? path : QString();
 }
@@ -86,7 +87,8 @@ QString TestSamplingPageParts::writeLargeLibraryTable(const QString &fileName, d
 {
     CLibColourTable table;
     for (int i = 20; i < 80; ++i)
-        table.add(new CColourTableEntry(QStringLiteral("Entry %1").arg(i), red, i / 100.0, 0.1));
+        table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Entry %1").arg(i), red,
+                                                      i / 100.0, 0.1));
     const QString path = QDir(m_settings->libraryDir).filePath(fileName);
     return table.write(path) ? path : QString();
 }
@@ -199,8 +201,8 @@ void TestSamplingPageParts::librarySelectorMatchesTheTableAsItNowStands()
     const RgbColour added{0.2, 0.4, 0.6};
     QVERIFY(selector->matcher().bestRows(added, 4).first().deltaE > 1.0f);
 
-    selector->table().add(new CColourTableEntry(QStringLiteral("Added"), added.red, added.green,
-                                                added.blue));
+    selector->table().add(std::make_unique<CColourTableEntry>(QStringLiteral("Added"), added.red,
+                                                              added.green, added.blue));
     const QVector<CMatchResult> afterAdding = selector->matcher().bestRows(added, 4);
     QCOMPARE(afterAdding.first().name, QStringLiteral("Added"));
     QCOMPARE(afterAdding.first().deltaE, 0.0f);

@@ -75,7 +75,7 @@ QString TestSamplingPageWidth::writeTable(const QString &fileName, const QString
     CLibColourTable table;
     for (int i = 0; i < names.size(); ++i) {
         const double grey = 1.0 - i / double(names.size());
-        table.add(new CColourTableEntry(names.at(i), grey, grey * 0.9, grey * 0.8));
+        table.add(std::make_unique<CColourTableEntry>(names.at(i), grey, grey * 0.9, grey * 0.8));
     }
     const QString path = m_library + "/" + fileName;
     return table.write(path) ? QFileInfo(path).canonicalFilePath() : QString();

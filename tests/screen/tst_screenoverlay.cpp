@@ -70,10 +70,11 @@ QImage TestScreenOverlay::knownColours()
 void TestScreenOverlay::initTestCase()
 {
     QVERIFY(m_fixture.isValid());
-    m_table.add(new CColourTableEntry(QStringLiteral("Signal red"), 1, 0, 0));
-    m_table.add(new CColourTableEntry(QStringLiteral("Deep blue"), 0, 0, 1));
-    m_table.add(new CColourTableEntry(QStringLiteral("Office green"), 0, 128 / 255.0, 0));
-    m_table.add(new CColourTableEntry(QStringLiteral("White"), 1, 1, 1));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Signal red"), 1, 0, 0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Deep blue"), 0, 0, 1));
+    m_table.add(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Office green"), 0, 128 / 255.0, 0));
+    m_table.add(std::make_unique<CColourTableEntry>(QStringLiteral("White"), 1, 1, 1));
     m_matcher = std::make_unique<CColourMatcher>(m_table);
 }
 

@@ -53,7 +53,7 @@ private slots:
     void clickPicksAsThePageClickWould_data();
     void clickPicksAsThePageClickWould();
     void bandPicksAsThePageBandWould();
-    void multipleSelectionGetsASlotAndAMark();
+    void multipleSelectionGetsARowAndAMark();
     void loupeNamesFromThePagesLibraryTable();
     void escapeLeavesEverythingAsItWas();
     void laterPictureIsTitledAsBefore();
@@ -267,7 +267,7 @@ void TestScreenPicker::bandPicksAsThePageBandWould()
     QCOMPARE(page()->pickMode(), int(CmdPickRubberBand));
 }
 
-void TestScreenPicker::multipleSelectionGetsASlotAndAMark()
+void TestScreenPicker::multipleSelectionGetsARowAndAMark()
 {
     page()->processCommand(CmdSelectMultiple);
     QCOMPARE(page()->selectionMode(), int(CmdSelectMultiple));
@@ -277,9 +277,9 @@ void TestScreenPicker::multipleSelectionGetsASlotAndAMark()
     QTRY_VERIFY(m_window->isVisible());
     QCOMPARE(page()->selectionMode(), int(CmdSelectMultiple));
     QCOMPARE(page()->multipleCount(), 1);
-    QVERIFY(page()->multipleSlot(0)->inUse());
-    QVERIFY(page()->multipleSlot(0)->row()->isVisible());
-    QCOMPARE(page()->multipleSlot(0)->rect(), QRect(599, 399, 3, 3));
+    QVERIFY(page()->multipleRow(0)->inUse());
+    QVERIFY(page()->multipleRow(0)->row()->isVisible());
+    QCOMPARE(page()->multipleRow(0)->rect(), QRect(599, 399, 3, 3));
     const QVector<CImageWidget::SelectionMark> marks = page()->imageWidget()->selectionMarks();
     QCOMPARE(marks.size(), 1);
     QCOMPARE(marks.first().number, 1);
@@ -290,8 +290,10 @@ void TestScreenPicker::multipleSelectionGetsASlotAndAMark()
 void TestScreenPicker::loupeNamesFromThePagesLibraryTable()
 {
     CLibColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Brick"), 200 / 255.0, 40 / 255.0, 40 / 255.0));
-    table.add(new CColourTableEntry(QStringLiteral("Sky"), 30 / 255.0, 144 / 255.0, 1.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Brick"), 200 / 255.0, 40 / 255.0,
+                                                  40 / 255.0));
+    table.add(
+        std::make_unique<CColourTableEntry>(QStringLiteral("Sky"), 30 / 255.0, 144 / 255.0, 1.0));
     const QString dir = m_window->settings()->libraryDir;
     QVERIFY(QDir().mkpath(dir));
     QVERIFY(table.write(QDir(dir).filePath(QStringLiteral("Pair.clrtable"))));

@@ -59,11 +59,11 @@ QVector<CMatchResult> TestColourMatcher::records(const QVector<float> &deltaEs)
 CColourTable *TestColourMatcher::sampleTable()
 {
     auto *table = new CColourTable;
-    table->add(new CColourTableEntry("Red", 1.0, 0.0, 0.0));
-    table->add(new CColourTableEntry("Near grey", 0.52, 0.5, 0.5));
-    table->add(new CColourTableEntry("Blue", 0.0, 0.0, 1.0));
-    table->add(new CColourTableEntry("Grey", 0.5, 0.5, 0.5));
-    table->add(new CColourTableEntry("White", 1.0, 1.0, 1.0));
+    table->add(std::make_unique<CColourTableEntry>("Red", 1.0, 0.0, 0.0));
+    table->add(std::make_unique<CColourTableEntry>("Near grey", 0.52, 0.5, 0.5));
+    table->add(std::make_unique<CColourTableEntry>("Blue", 0.0, 0.0, 1.0));
+    table->add(std::make_unique<CColourTableEntry>("Grey", 0.5, 0.5, 0.5));
+    table->add(std::make_unique<CColourTableEntry>("White", 1.0, 1.0, 1.0));
     return table;
 }
 
@@ -124,7 +124,7 @@ void TestColourMatcher::matchSortsLargeRandomTable()
     CColourTable table;
     for (int i = 0; i < 5000; ++i) {
         // Few distinct colours, so that many differences are equal.
-        table.add(new CColourTableEntry(QString::number(i), random.bounded(8) / 7.0,
+        table.add(std::make_unique<CColourTableEntry>(QString::number(i), random.bounded(8) / 7.0,
                                         random.bounded(8) / 7.0, random.bounded(8) / 7.0));
     }
     const RgbColour sample{0.4, 0.3, 0.9};
@@ -148,7 +148,7 @@ void TestColourMatcher::matchSortsLargeRandomTable()
 void TestColourMatcher::matchCopiesEntryColourAndLab()
 {
     CColourTable table;
-    table.add(new CColourTableEntry("Teal", 0.0, 0.502, 0.502));
+    table.add(std::make_unique<CColourTableEntry>("Teal", 0.0, 0.502, 0.502));
     const QVector<CMatchResult> results = CColourMatcher::match(table, RgbColour{0.0, 0.5, 0.5});
     QCOMPARE(results.size(), 1);
     const CMatchResult &r = results.at(0);
@@ -206,7 +206,7 @@ void TestColourMatcher::bestKeepsTableOrderAmongEqualDifferences()
     CColourTable table;
     for (int i = 0; i < 100; ++i) {
         const double v = (i % 5) / 4.0;
-        table.add(new CColourTableEntry(QString::number(i), v, v, 0.3));
+        table.add(std::make_unique<CColourTableEntry>(QString::number(i), v, v, 0.3));
     }
     const RgbColour sample{0.5, 0.5, 0.3};
     const QVector<CMatchResult> best = CColourMatcher(table).best(sample, 32);
@@ -231,14 +231,14 @@ void TestColourMatcher::bestWithNotANumberEntriesEqualsFullMatch()
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
     for (int i = 0; i < 60; ++i) {
-        auto *entry = new CColourTableEntry(QString::number(i), i / 60.0, 0.5, 0.5);
+        auto entry = std::make_unique<CColourTableEntry>(QString::number(i), i / 60.0, 0.5, 0.5);
         if (i % 4 == 0)
             entry->L = nan;
         else if (i % 4 == 1)
             entry->a = nan;
         else if (i == 2)
             entry->L = inf;
-        table.add(entry);
+        table.add(std::move(entry));
     }
     const CColourMatcher matcher(table);
     for (int keep : {1, 5, 32, 40, 59}) {
@@ -271,7 +271,8 @@ void TestColourMatcher::bestRowsStopAtTheRowsShown()
     // not needed.
     CColourTable table;
     for (int i = 0; i < 300; ++i)
-        table.add(new CColourTableEntry(QString::number(i), (i % 17) / 16.0, (i % 5) / 4.0, 0.1));
+        table.add(std::make_unique<CColourTableEntry>(QString::number(i), (i % 17) / 16.0,
+                                                      (i % 5) / 4.0, 0.1));
     const RgbColour sample{0.33, 0.9, 0.77};
     const QVector<CMatchResult> full = CColourMatcher::match(table, sample);
     QVERIFY(full.at(4).deltaE >= 2.5f);
@@ -296,7 +297,7 @@ void TestColourMatcher::bestRowsCoverEveryRowShown()
     // Sixty colours all within 2.5 of the sample, and more far away.
     for (int i = 0; i < 200; ++i) {
         const double v = i < 60 ? 0.5 + i * 0.0002 : (i % 50) / 49.0;
-        table.add(new CColourTableEntry(QString::number(i), v, 0.5, 0.5));
+        table.add(std::make_unique<CColourTableEntry>(QString::number(i), v, 0.5, 0.5));
     }
     const RgbColour sample{0.5, 0.5, 0.5};
     const QVector<CMatchResult> full = CColourMatcher::match(table, sample);

@@ -33,11 +33,13 @@ CColourTable *largeRandomTable(int entries, quint32 seed)
     auto *table = new CColourTable;
     for (int i = 0; i < entries; ++i) {
         if (i % 3 == 0) {
-            table->add(new CColourTableEntry(QString::number(i), random.bounded(6) / 5.0,
-                                             random.bounded(6) / 5.0, random.bounded(6) / 5.0));
+            table->add(std::make_unique<CColourTableEntry>(
+                QString::number(i), random.bounded(6) / 5.0, random.bounded(6) / 5.0,
+                random.bounded(6) / 5.0));
         } else {
-            table->add(new CColourTableEntry(QString::number(i), random.generateDouble(),
-                                             random.generateDouble(), random.generateDouble()));
+            table->add(std::make_unique<CColourTableEntry>(
+                QString::number(i), random.generateDouble(), random.generateDouble(),
+                random.generateDouble()));
         }
     }
     return table;

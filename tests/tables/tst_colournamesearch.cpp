@@ -32,7 +32,7 @@ void TestColourNameSearch::initTestCase()
                             QStringLiteral("Crème Brûlée"), QStringLiteral("cafe noir"),
                             QStringLiteral("Straße Grey"), QStringLiteral("Sky  Blue")};
     for (const QString &name : names)
-        m_table.add(new CColourTableEntry(name, 0.5, 0.5, 0.5));
+        m_table.add(std::make_unique<CColourTableEntry>(name, 0.5, 0.5, 0.5));
 }
 
 QStringList TestColourNameSearch::names(const CColourTable &table, const QVector<int> &hits)
@@ -83,7 +83,7 @@ void TestColourNameSearch::followsANewTable()
 {
     CColourNameSearch search(m_table);
     CLibColourTable other;
-    other.add(new CColourTableEntry(QStringLiteral("Mauve"), 0.8, 0.6, 0.8));
+    other.add(std::make_unique<CColourTableEntry>(QStringLiteral("Mauve"), 0.8, 0.6, 0.8));
     search.setTable(other);
     QCOMPARE(search.count(), 1);
     QCOMPARE(search.find(QStringLiteral("mauve")), QVector<int>{0});

@@ -17,6 +17,7 @@ namespace {
 class CountingTable : public CColourTable
 {
 public:
+    using CColourTable::add;
     void add(CColourTableEntry *entry) override
     {
         ++addCalls;
@@ -97,6 +98,7 @@ private slots:
 
     // List operations
     void addTakesEntriesInOrder();
+    void addOfAnOwnedEntryHandsItOverThroughTheVirtualAdd();
     void clearEmptiesEntriesPathAndHeader();
     void removeAtInRangeRemovesWithoutDeleting();
     void removeAtOutOfRangeChangesNothing_data();
@@ -119,7 +121,8 @@ CColourTable::LoadResult TestColourTable::loadBytes(CColourTable &table, const Q
 void TestColourTable::fill(CColourTable &table, int count)
 {
     for (int i = 0; i < count; ++i)
-        table.add(new CColourTableEntry(QStringLiteral("Colour %1").arg(i), i / 10.0, 0.5, 0.25));
+        table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Colour %1").arg(i), i / 10.0,
+                                                      0.5, 0.25));
 }
 
 void TestColourTable::initTestCase()
@@ -360,7 +363,7 @@ void TestColourTable::bytesAreReadAsLatin1()
 void TestColourTable::utf8NameDoesNotSurviveSaveAndLoad()
 {
     CColourTable table;
-    table.add(new CColourTableEntry(QString::fromUtf8("Crème"), 0.1, 0.2, 0.3));
+    table.add(std::make_unique<CColourTableEntry>(QString::fromUtf8("Crème"), 0.1, 0.2, 0.3));
     QVERIFY(table.write(path("utf8.clrtable")));
     CColourTable reread;
     QCOMPARE(reread.load(path("utf8.clrtable")).status, int(CColourTable::Loaded));
@@ -462,8 +465,8 @@ void TestColourTable::serialiseWritesHeaderThenEntries()
 {
     CColourTable table;
     table.setHeader("#First\n#Second");
-    table.add(new CColourTableEntry("Alpha", 0.1, 0.25, 1.0));
-    table.add(new CColourTableEntry("Beta", 0.0, 0.5, 0.75));
+    table.add(std::make_unique<CColourTableEntry>("Alpha", 0.1, 0.25, 1.0));
+    table.add(std::make_unique<CColourTableEntry>("Beta", 0.0, 0.5, 0.75));
     QCOMPARE(table.serialise(), QByteArray("#First\n#Second\n"
                                            "0.1000, 0.2500, 1.0000, Alpha\n"
                                            "0.0000, 0.5000, 0.7500, Beta\n"));
@@ -472,7 +475,7 @@ void TestColourTable::serialiseWritesHeaderThenEntries()
 void TestColourTable::serialiseWithoutHeaderStartsWithEntries()
 {
     CColourTable table;
-    table.add(new CColourTableEntry("Alpha", 0.1, 0.25, 1.0));
+    table.add(std::make_unique<CColourTableEntry>("Alpha", 0.1, 0.25, 1.0));
     QCOMPARE(table.serialise(), QByteArray("0.1000, 0.2500, 1.0000, Alpha\n"));
     CColourTable empty;
     QCOMPARE(empty.serialise(), QByteArray());
@@ -481,7 +484,7 @@ void TestColourTable::serialiseWithoutHeaderStartsWithEntries()
 void TestColourTable::commaInNameIsWrittenAsSemicolonAndReadsBack()
 {
     CColourTable table;
-    table.add(new CColourTableEntry("Red, warm", 1.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>("Red, warm", 1.0, 0.0, 0.0));
     QCOMPARE(table.serialise(), QByteArray("1.0000, 0.0000, 0.0000, Red; warm\n"));
     QCOMPARE(table.at(0)->name, QString("Red, warm"));
     QVERIFY(table.write(path("comma.clrtable")));
@@ -521,7 +524,7 @@ void TestColourTable::numbersAreWrittenWithFourDecimals()
     QFETCH(double, value);
     QFETCH(QByteArray, written);
     CColourTable table;
-    table.add(new CColourTableEntry("N", value, value, value));
+    table.add(std::make_unique<CColourTableEntry>("N", value, value, value));
     QCOMPARE(table.serialise(), written + ", " + written + ", " + written + ", N\n");
 }
 
@@ -529,7 +532,7 @@ void TestColourTable::nameIsWrittenAsUtf8()
 {
     CColourTable table;
     table.setHeader(QString::fromUtf8("#Ünïcode"));
-    table.add(new CColourTableEntry(QString::fromUtf8("Grün"), 0.0, 1.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>(QString::fromUtf8("Grün"), 0.0, 1.0, 0.0));
     QCOMPARE(table.serialise(), QByteArray("#\xc3\x9cn\xc3\xaf" "code\n0.0000, 1.0000, 0.0000, Gr\xc3\xbcn\n"));
 }
 
@@ -650,6 +653,21 @@ void TestColourTable::addTakesEntriesInOrder()
     QCOMPARE(second->L, 100.0);
 }
 
+void TestColourTable::addOfAnOwnedEntryHandsItOverThroughTheVirtualAdd()
+{
+    CountingTable table;
+    auto entry = std::make_unique<CColourTableEntry>("Owned", 1.0, 1.0, 1.0);
+    const CColourTableEntry *handed = entry.get();
+    table.add(std::move(entry));
+    QVERIFY(!entry); // the caller holds nothing any more
+    QCOMPARE(table.addCalls, 1);
+    QCOMPARE(table.count(), 1);
+    QCOMPARE(table.at(0), handed);
+    QCOMPARE(table.at(0)->name, QString("Owned"));
+    QCOMPARE(table.at(0)->L, 100.0);
+    // The table frees it: the leak checker would report it otherwise.
+}
+
 void TestColourTable::clearEmptiesEntriesPathAndHeader()
 {
     CColourTable table;
@@ -670,9 +688,10 @@ void TestColourTable::removeAtInRangeRemovesWithoutDeleting()
     QVERIFY(table.removeAt(1));
     QCOMPARE(table.count(), 2);
     QCOMPARE(table.at(1)->name, QString("Colour 2"));
-    // Still ours to use and delete.
-    QCOMPARE(middle->name, QString("Colour 1"));
-    delete middle;
+    // Still alive and ours: adopting it frees it, and would fail under the
+    // sanitizer had the table already deleted it.
+    const std::unique_ptr<CColourTableEntry> owned(middle);
+    QCOMPARE(owned->name, QString("Colour 1"));
 }
 
 void TestColourTable::removeAtOutOfRangeChangesNothing_data()
@@ -724,7 +743,7 @@ void TestColourTable::sortOrdersByNameIgnoringCase()
 {
     CColourTable table;
     for (const char *name : {"delta", "Bravo", "alpha", "Charlie", "ALPHA2"})
-        table.add(new CColourTableEntry(name, 0.0, 0.0, 0.0));
+        table.add(std::make_unique<CColourTableEntry>(name, 0.0, 0.0, 0.0));
     table.sort();
     QStringList names;
     for (const CColourTableEntry *e : table.entries())
@@ -735,7 +754,7 @@ void TestColourTable::sortOrdersByNameIgnoringCase()
 void TestColourTable::containsNameIsExactAndCaseSensitive()
 {
     CColourTable table;
-    table.add(new CColourTableEntry("Sky Blue", 0.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>("Sky Blue", 0.0, 0.0, 0.0));
     QVERIFY(table.containsName("Sky Blue"));
     QVERIFY(!table.containsName("sky blue"));
     QVERIFY(!table.containsName("Sky"));

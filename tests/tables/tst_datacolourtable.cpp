@@ -19,6 +19,7 @@ private slots:
     void initTestCase();
 
     void addAppendsZeroMarkers();
+    void ownedAddThroughTheBaseExtendsTheMarkers();
     void loadingFiveColoursGivesEmptyMarkerLists();
     void markersOfLoadedRowsReadZeroAndIgnoreWrites();
     void removingIndexBeyondEntriesChangesNothing();
@@ -43,7 +44,8 @@ private slots:
 void TestDataColourTable::addColours(CDataColourTable &table, int count)
 {
     for (int i = 0; i < count; ++i)
-        table.add(new CColourTableEntry(QStringLiteral("Colour %1").arg(i), 0.1 * i, 0.2, 0.3));
+        table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Colour %1").arg(i), 0.1 * i,
+                                                      0.2, 0.3));
 }
 
 QStringList TestDataColourTable::names(const CColourTable &table)
@@ -73,6 +75,22 @@ void TestDataColourTable::addAppendsZeroMarkers()
     QCOMPARE(table.count(), 3);
     QCOMPARE(table.markerAList(), (QList<int>{0, 0, 0}));
     QCOMPARE(table.markerBList(), (QList<int>{0, 0, 0}));
+}
+
+// The owning add() lives in the base; a caller holding only the base must
+// still reach the data table's add(), or the markers would fall behind.
+void TestDataColourTable::ownedAddThroughTheBaseExtendsTheMarkers()
+{
+    CDataColourTable table;
+    CColourTable &base = table;
+    auto entry = std::make_unique<CColourTableEntry>(QStringLiteral("Owned"), 0.5, 0.5, 0.5);
+    const CColourTableEntry *handed = entry.get();
+    base.add(std::move(entry));
+    QVERIFY(!entry);
+    QCOMPARE(table.count(), 1);
+    QCOMPARE(table.at(0), handed);
+    QCOMPARE(table.markerAList(), QList<int>{0});
+    QCOMPARE(table.markerBList(), QList<int>{0});
 }
 
 void TestDataColourTable::loadingFiveColoursGivesEmptyMarkerLists()
@@ -128,9 +146,9 @@ void TestDataColourTable::removeAtRemovesFromAllThreeLists()
     addColours(table, 4);
     table.setMarkerA(2, 5);
     table.setMarkerB(3, 6);
-    CColourTableEntry *removed = table.at(1);
+    const CColourTableEntry *removed = table.at(1);
     QVERIFY(table.removeAt(1));
-    delete removed;
+    const std::unique_ptr<const CColourTableEntry> owned(removed); // ours now
     QCOMPARE(names(table), (QStringList{"Colour 0", "Colour 2", "Colour 3"}));
     QCOMPARE(table.markerAList(), (QList<int>{0, 5, 0}));
     QCOMPARE(table.markerBList(), (QList<int>{0, 0, 6}));
@@ -156,22 +174,22 @@ void TestDataColourTable::removeAtAfterLoadChecksEachListOnItsOwn()
 {
     CDataColourTable table;
     QCOMPARE(table.load(m_fiveColours).status, int(CColourTable::Loaded));
-    table.add(new CColourTableEntry("Added", 0.5, 0.5, 0.5));
+    table.add(std::make_unique<CColourTableEntry>("Added", 0.5, 0.5, 0.5));
     table.setMarkerA(0, 4);
     QCOMPARE(table.markerAList(), QList<int>{4});
 
     // Index 3 exists among the entries only.
-    CColourTableEntry *third = table.at(3);
+    const CColourTableEntry *third = table.at(3);
     QVERIFY(table.removeAt(3));
-    delete third;
+    const std::unique_ptr<const CColourTableEntry> ownedThird(third);
     QCOMPARE(table.count(), 5);
     QCOMPARE(table.markerAList(), QList<int>{4});
     QCOMPARE(table.markerBList(), QList<int>{0});
 
     // Index 0 exists in all three.
-    CColourTableEntry *first = table.at(0);
+    const CColourTableEntry *first = table.at(0);
     QVERIFY(table.removeAt(0));
-    delete first;
+    const std::unique_ptr<const CColourTableEntry> ownedFirst(first);
     QCOMPARE(table.count(), 4);
     QVERIFY(table.markerAList().isEmpty());
     QVERIFY(table.markerBList().isEmpty());
@@ -181,10 +199,11 @@ void TestDataColourTable::removeAtDoesNotDeleteTheEntry()
 {
     CDataColourTable table;
     addColours(table, 2);
-    CColourTableEntry *entry = table.at(0);
+    const CColourTableEntry *entry = table.at(0);
     QVERIFY(table.removeAt(0));
-    QCOMPARE(entry->name, QString("Colour 0"));
-    delete entry;
+    // Adopting it frees it; the sanitizer would catch a second delete.
+    const std::unique_ptr<const CColourTableEntry> owned(entry);
+    QCOMPARE(owned->name, QString("Colour 0"));
 }
 
 void TestDataColourTable::insertAtPutsTheEntryAndZeroMarkersInPlace()
@@ -193,7 +212,7 @@ void TestDataColourTable::insertAtPutsTheEntryAndZeroMarkersInPlace()
     addColours(table, 3);
     table.setMarkerA(1, 4);
     table.setMarkerB(2, 7);
-    table.insertAt(1, new CColourTableEntry(QStringLiteral("Back"), 0.5, 0.5, 0.5));
+    table.insertAt(1, std::make_unique<CColourTableEntry>(QStringLiteral("Back"), 0.5, 0.5, 0.5));
     QCOMPARE(names(table), (QStringList{"Colour 0", "Back", "Colour 1", "Colour 2"}));
     QCOMPARE(table.markerAList(), (QList<int>{0, 0, 4, 0}));
     QCOMPARE(table.markerBList(), (QList<int>{0, 0, 0, 7}));
@@ -203,8 +222,8 @@ void TestDataColourTable::insertAtClampsTheIndexAndFollowsShortMarkerLists()
 {
     CDataColourTable table;
     QCOMPARE(table.load(m_fiveColours).status, int(CColourTable::Loaded));
-    table.insertAt(99, new CColourTableEntry(QStringLiteral("Last"), 0.5, 0.5, 0.5));
-    table.insertAt(-3, new CColourTableEntry(QStringLiteral("First"), 0.5, 0.5, 0.5));
+    table.insertAt(99, std::make_unique<CColourTableEntry>(QStringLiteral("Last"), 0.5, 0.5, 0.5));
+    table.insertAt(-3, std::make_unique<CColourTableEntry>(QStringLiteral("First"), 0.5, 0.5, 0.5));
     QCOMPARE(table.count(), 7);
     QCOMPARE(table.at(0)->name, QStringLiteral("First"));
     QCOMPARE(table.at(6)->name, QStringLiteral("Last"));
@@ -217,7 +236,7 @@ void TestDataColourTable::addAfterLoadPutsMarkersOnRowZero()
 {
     CDataColourTable table;
     QCOMPARE(table.load(m_fiveColours).status, int(CColourTable::Loaded));
-    table.add(new CColourTableEntry("Added", 0.5, 0.5, 0.5));
+    table.add(std::make_unique<CColourTableEntry>("Added", 0.5, 0.5, 0.5));
     QCOMPARE(table.count(), 6);
     QCOMPARE(table.markerAList().size(), 1);
     QCOMPARE(table.markerBList().size(), 1);
@@ -248,7 +267,7 @@ void TestDataColourTable::sortOrdersEntriesLikeTheBase()
 {
     CDataColourTable table;
     for (const char *name : {"beta", "Gamma", "alpha"})
-        table.add(new CColourTableEntry(name, 0.0, 0.0, 0.0));
+        table.add(std::make_unique<CColourTableEntry>(name, 0.0, 0.0, 0.0));
     table.sort();
     QCOMPARE(names(table), (QStringList{"alpha", "beta", "Gamma"}));
 }
@@ -296,7 +315,7 @@ void TestDataColourTable::csvFileHoldsSameLinesAsTxtFile()
 {
     CDataColourTable table;
     QCOMPARE(table.load(m_fiveColours).status, int(CColourTable::Loaded));
-    table.add(new CColourTableEntry("Mixed, odd", 0.123456, 0.5, 1.0));
+    table.add(std::make_unique<CColourTableEntry>("Mixed, odd", 0.123456, 0.5, 1.0));
     const QString csv = m_dir.filePath("out/set.csv");
     const QString txt = m_dir.filePath("out/set.txt");
     QVERIFY(table.write(csv));

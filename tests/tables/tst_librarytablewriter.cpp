@@ -134,7 +134,7 @@ void TestLibraryTableWriter::writeOntoAChangedFileIsRefusedUnlessOverwriting()
 {
     CLibColourTable table;
     table.load(m_path);
-    table.add(new CColourTableEntry("Mine", 0.1, 0.1, 0.1));
+    table.add(std::make_unique<CColourTableEntry>("Mine", 0.1, 0.1, 0.1));
     const QByteArray theirs = "0.5, 0.5, 0.5, Theirs\n";
     QVERIFY(FixtureFile::write(m_path, theirs));
     QCOMPARE(CLibraryTableWriter::write(table, m_path, table.fingerprint(), false),

@@ -116,7 +116,7 @@ void TestRecoveryCopy::snapshotRestoresTableAndComparesByValue()
 {
     const CDataSetSnapshot snapshot = sample().dataSet;
     CDataColourTable table;
-    table.add(new CColourTableEntry(QStringLiteral("Gone"), 0.0, 0.0, 0.0));
+    table.add(std::make_unique<CColourTableEntry>(QStringLiteral("Gone"), 0.0, 0.0, 0.0));
     table.setUntitled(true);
     snapshot.restoreInto(table);
     QCOMPARE(table.count(), 2);

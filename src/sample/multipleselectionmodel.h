@@ -9,7 +9,7 @@
 // in the order they were picked, each the average of its rectangle of image
 // pixels. Removing an entry moves the later ones up, so an entry's position
 // is always its number minus one.
-class CMultipleSelection
+class CMultipleSelectionModel
 {
 public:
     static const int kCapacity = 8;

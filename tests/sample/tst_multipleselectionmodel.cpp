@@ -1,5 +1,5 @@
 #include "colour/colouraverage.h"
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 
 #include <QtTest>
 
@@ -22,9 +22,9 @@ QRect square(int step)
 }
 
 // Five entries grey(0)..grey(4), at square(0)..square(4).
-CMultipleSelection fiveEntries()
+CMultipleSelectionModel fiveEntries()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     for (int i = 0; i < 5; ++i)
         selection.add(grey(i), square(i));
     return selection;
@@ -37,7 +37,7 @@ bool same(const RgbColour &a, const RgbColour &b)
 
 } // namespace
 
-class TestMultipleSelection : public QObject
+class TestMultipleSelectionModel : public QObject
 {
     Q_OBJECT
 
@@ -60,17 +60,17 @@ private slots:
     void noEntriesAverageAsAnEmptyList();
 };
 
-void TestMultipleSelection::startsEmpty()
+void TestMultipleSelectionModel::startsEmpty()
 {
-    const CMultipleSelection selection;
+    const CMultipleSelectionModel selection;
     QCOMPARE(selection.count(), 0);
     QVERIFY(selection.isEmpty());
     QVERIFY(!selection.isFull());
 }
 
-void TestMultipleSelection::picksKeepTheirOrderColourAndRectangle()
+void TestMultipleSelectionModel::picksKeepTheirOrderColourAndRectangle()
 {
-    const CMultipleSelection selection = fiveEntries();
+    const CMultipleSelectionModel selection = fiveEntries();
     QCOMPARE(selection.count(), 5);
     QVERIFY(!selection.isEmpty());
     for (int i = 0; i < 5; ++i) {
@@ -79,21 +79,21 @@ void TestMultipleSelection::picksKeepTheirOrderColourAndRectangle()
     }
 }
 
-void TestMultipleSelection::eightPicksFillTheSelection()
+void TestMultipleSelectionModel::eightPicksFillTheSelection()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     for (int i = 0; i < 7; ++i)
         QVERIFY(selection.add(grey(i), square(i)));
     QVERIFY(!selection.isFull());
     QVERIFY(selection.add(grey(7), square(7)));
     QVERIFY(selection.isFull());
-    QCOMPARE(selection.count(), CMultipleSelection::kCapacity);
-    QCOMPARE(CMultipleSelection::kCapacity, 8);
+    QCOMPARE(selection.count(), CMultipleSelectionModel::kCapacity);
+    QCOMPARE(CMultipleSelectionModel::kCapacity, 8);
 }
 
-void TestMultipleSelection::ninthPickIsRefusedAndChangesNothing()
+void TestMultipleSelectionModel::ninthPickIsRefusedAndChangesNothing()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     for (int i = 0; i < 8; ++i)
         selection.add(grey(i), square(i));
     const RgbColour before = selection.average(true);
@@ -104,9 +104,9 @@ void TestMultipleSelection::ninthPickIsRefusedAndChangesNothing()
     QVERIFY(same(selection.average(true), before));
 }
 
-void TestMultipleSelection::removingEntryThreeOfFiveMovesTheLaterEntriesUp()
+void TestMultipleSelectionModel::removingEntryThreeOfFiveMovesTheLaterEntriesUp()
 {
-    CMultipleSelection selection = fiveEntries();
+    CMultipleSelectionModel selection = fiveEntries();
     QVERIFY(selection.removeAt(2));
     QCOMPARE(selection.count(), 4);
     const int expected[] = {0, 1, 3, 4};
@@ -116,37 +116,37 @@ void TestMultipleSelection::removingEntryThreeOfFiveMovesTheLaterEntriesUp()
     }
 }
 
-void TestMultipleSelection::removingOutsideTheEntriesChangesNothing_data()
+void TestMultipleSelectionModel::removingOutsideTheEntriesChangesNothing_data()
 {
     QTest::addColumn<int>("position");
     QTest::newRow("negative") << -1;
     QTest::newRow("just past the last entry") << 5;
-    QTest::newRow("a free slot") << 7;
+    QTest::newRow("a free position") << 7;
     QTest::newRow("past the capacity") << 8;
 }
 
-void TestMultipleSelection::removingOutsideTheEntriesChangesNothing()
+void TestMultipleSelectionModel::removingOutsideTheEntriesChangesNothing()
 {
     QFETCH(int, position);
-    CMultipleSelection selection = fiveEntries();
+    CMultipleSelectionModel selection = fiveEntries();
     QVERIFY(!selection.removeAt(position));
     QCOMPARE(selection.count(), 5);
     for (int i = 0; i < 5; ++i)
         QVERIFY(same(selection.at(i).colour, grey(i)));
 }
 
-void TestMultipleSelection::removingTheOnlyEntryLeavesItEmpty()
+void TestMultipleSelectionModel::removingTheOnlyEntryLeavesItEmpty()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     selection.add(kRed, square(1));
     QVERIFY(selection.removeAt(0));
     QVERIFY(selection.isEmpty());
     QVERIFY(!selection.removeAt(0));
 }
 
-void TestMultipleSelection::removingFromAFullSelectionMakesRoomForOneMore()
+void TestMultipleSelectionModel::removingFromAFullSelectionMakesRoomForOneMore()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     for (int i = 0; i < 8; ++i)
         selection.add(grey(i), square(i));
     QVERIFY(selection.removeAt(0));
@@ -157,9 +157,9 @@ void TestMultipleSelection::removingFromAFullSelectionMakesRoomForOneMore()
     QVERIFY(same(selection.at(7).colour, kBlue));
 }
 
-void TestMultipleSelection::clearEmptiesItAndEightFitAgain()
+void TestMultipleSelectionModel::clearEmptiesItAndEightFitAgain()
 {
-    CMultipleSelection selection = fiveEntries();
+    CMultipleSelectionModel selection = fiveEntries();
     selection.clear();
     QVERIFY(selection.isEmpty());
     for (int i = 0; i < 8; ++i)
@@ -167,9 +167,9 @@ void TestMultipleSelection::clearEmptiesItAndEightFitAgain()
     QVERIFY(!selection.add(grey(8), square(8)));
 }
 
-void TestMultipleSelection::redAndBlueAverageToRootMeanSquare()
+void TestMultipleSelectionModel::redAndBlueAverageToRootMeanSquare()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     selection.add(kRed, square(0));
     selection.add(kBlue, square(1));
     const RgbColour average = selection.average(true);
@@ -178,9 +178,9 @@ void TestMultipleSelection::redAndBlueAverageToRootMeanSquare()
     QCOMPARE(average.blue, std::sqrt(0.5));
 }
 
-void TestMultipleSelection::labRuleAveragesAsTheColourAverageDoes()
+void TestMultipleSelectionModel::labRuleAveragesAsTheColourAverageDoes()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     selection.add(kRed, square(0));
     selection.add(kBlue, square(1));
     const RgbColour expected = averageColours({kRed, kBlue}, false);
@@ -189,21 +189,21 @@ void TestMultipleSelection::labRuleAveragesAsTheColourAverageDoes()
     QVERIFY(!same(selection.average(false), selection.average(true)));
 }
 
-void TestMultipleSelection::eachEntryWeighsTheSameWhateverItsRectangle()
+void TestMultipleSelectionModel::eachEntryWeighsTheSameWhateverItsRectangle()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     selection.add(kRed, QRect(0, 0, 1, 1));
     selection.add(kBlue, QRect(0, 0, 300, 200));
-    CMultipleSelection swapped;
+    CMultipleSelectionModel swapped;
     swapped.add(kRed, QRect(0, 0, 300, 200));
     swapped.add(kBlue, QRect(0, 0, 1, 1));
     QVERIFY(same(selection.average(true), swapped.average(true)));
     QCOMPARE(selection.average(true).red, selection.average(true).blue);
 }
 
-void TestMultipleSelection::averageLeavesOutARemovedEntry()
+void TestMultipleSelectionModel::averageLeavesOutARemovedEntry()
 {
-    CMultipleSelection selection;
+    CMultipleSelectionModel selection;
     selection.add(kRed, square(0));
     selection.add(grey(5), square(1));
     selection.add(kBlue, square(2));
@@ -212,19 +212,19 @@ void TestMultipleSelection::averageLeavesOutARemovedEntry()
     QVERIFY(same(selection.average(false), averageColours({kRed, kBlue}, false)));
 }
 
-void TestMultipleSelection::noEntriesAverageAsAnEmptyList_data()
+void TestMultipleSelectionModel::noEntriesAverageAsAnEmptyList_data()
 {
     QTest::addColumn<bool>("rgbRule");
     QTest::newRow("RMS") << true;
     QTest::newRow("Lab") << false;
 }
 
-void TestMultipleSelection::noEntriesAverageAsAnEmptyList()
+void TestMultipleSelectionModel::noEntriesAverageAsAnEmptyList()
 {
     QFETCH(bool, rgbRule);
-    const CMultipleSelection selection;
+    const CMultipleSelectionModel selection;
     QVERIFY(same(selection.average(rgbRule), averageColours({}, rgbRule)));
 }
 
-QTEST_GUILESS_MAIN(TestMultipleSelection)
-#include "tst_multipleselection.moc"
+QTEST_GUILESS_MAIN(TestMultipleSelectionModel)
+#include "tst_multipleselectionmodel.moc"

@@ -1,8 +1,8 @@
-#include "sample/multipleselection.h"
+#include "sample/multipleselectionmodel.h"
 
 #include "colour/colouraverage.h"
 
-bool CMultipleSelection::add(const RgbColour &colour, const QRect &rect)
+bool CMultipleSelectionModel::add(const RgbColour &colour, const QRect &rect)
 {
     if (isFull())
         return false;
@@ -10,7 +10,7 @@ bool CMultipleSelection::add(const RgbColour &colour, const QRect &rect)
     return true;
 }
 
-bool CMultipleSelection::removeAt(int position)
+bool CMultipleSelectionModel::removeAt(int position)
 {
     if (position < 0 || position >= m_entries.size())
         return false;
@@ -18,7 +18,7 @@ bool CMultipleSelection::removeAt(int position)
     return true;
 }
 
-RgbColour CMultipleSelection::average(bool rgbAverage) const
+RgbColour CMultipleSelectionModel::average(bool rgbAverage) const
 {
     QVector<RgbColour> colours;
     colours.reserve(m_entries.size());
