@@ -103,7 +103,7 @@ int main(int argc, char *argv[])
     }
     runSteps(page, steps, [=]() {
         if (mode == QLatin1String("exit"))
-            whenCopyWritten(page, []() { QApplication::quit(); });
+            whenCopyWritten(page, []() { QCoreApplication::exit(0); });
         else if (mode == QLatin1String("hold"))
             whenCopyWritten(page, []() { say(QStringLiteral("done")); });
         else

@@ -110,7 +110,9 @@ void TestTipDialog::onlyBlankLinesGiveNoTipsAvailable()
     CTipDialog dialog(m_settings, nullptr, path);
     QVERIFY(dialog.tips().isEmpty());
     QCOMPARE(dialog.tipView()->toPlainText(), QStringLiteral("No tips available."));
-    QVERIFY(dialog.tipView()->toHtml().contains(QStringLiteral("font-weight:600")));
+    // Bold as the text document writes it: CSS weight 600 in Qt 5, 700 in Qt 6.
+    const int boldCss = QT_VERSION_MAJOR >= 6 ? 700 : 600;
+    QVERIFY(dialog.tipView()->toHtml().contains(QStringLiteral("font-weight:%1").arg(boldCss)));
     QVERIFY(!dialog.nextButton()->isEnabled());
     QCOMPARE(m_settings->startTipIndex, 3);
 }

@@ -28,6 +28,7 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <QScreen>
 #include <QtTest>
 
 #include <cmath>
@@ -72,13 +73,16 @@ private:
     QString m_file;
 };
 
-// 800 x 600: (200, 40, 40) top left, (30, 144, 255) top right, black and
-// white columns bottom left, (90, 200, 90) bottom right.
+// The size of the screen the offscreen platform offers (800 x 600 with Qt 5,
+// 800 x 800 with Qt 6), so that the overlay shows the capture one to one:
+// (200, 40, 40) top left, (30, 144, 255) top right, black and white columns
+// bottom left, (90, 200, 90) bottom right, split at x 400 and y 300.
 QImage TestScreenPicker::desktop()
 {
-    QImage image(800, 600, QImage::Format_RGB32);
-    for (int y = 0; y < 600; ++y) {
-        for (int x = 0; x < 800; ++x) {
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size();
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
             QRgb c;
             if (y < 300)
                 c = x < 400 ? qRgb(200, 40, 40) : qRgb(30, 144, 255);
@@ -192,7 +196,7 @@ void TestScreenPicker::windowsAreHiddenWhileTheOverlayShows()
     QVERIFY(!m_window->isVisible());
     CScreenOverlay *overlay = picker()->overlay();
     QVERIFY(overlay->isVisible());
-    QCOMPARE(overlay->size(), QSize(800, 600));
+    QCOMPARE(overlay->size(), desktop().size());
     QVERIFY(overlay->windowFlags() & Qt::WindowStaysOnTopHint);
     QVERIFY(overlay->windowFlags() & Qt::FramelessWindowHint);
     QCOMPARE(overlay->capture(), desktop());
