@@ -28,6 +28,7 @@
 #include <QTemporaryDir>
 
 #include "benchhome.h"
+#include "benchpictures.h"
 
 #include <benchmark/benchmark.h>
 
@@ -44,17 +45,7 @@ const int kTableEntries = 30000;
 // Smooth gradients with fine grain, as bench_view draws it.
 QImage photograph()
 {
-    QImage image(kPicture, QImage::Format_RGB32);
-    quint32 noise = 12345;
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            noise = noise * 1664525u + 1013904223u;
-            const int n = int(noise >> 28);
-            line[x] = qRgb((x / 24 + n) & 0xff, (y / 16 + n) & 0xff, ((x + y) / 40 + n) & 0xff);
-        }
-    }
-    return image;
+    return BenchPictures::grainyGradient(kPicture, 24, 16, 40);
 }
 
 // Every pixel a colour of its own, as near as can be.

@@ -19,6 +19,7 @@
 #include <QWindow>
 
 #include "benchhome.h"
+#include "benchpictures.h"
 
 #include <benchmark/benchmark.h>
 
@@ -33,17 +34,7 @@ const int kEntries = 30000;
 // Something like a desktop: smooth gradients with fine noise.
 QImage desktop()
 {
-    QImage image(kDesktop, QImage::Format_RGB32);
-    quint32 noise = 12345;
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            noise = noise * 1664525u + 1013904223u;
-            const int n = int(noise >> 28);
-            line[x] = qRgb((x / 10 + n) & 0xff, (y / 6 + n) & 0xff, ((x + y) / 20 + n) & 0xff);
-        }
-    }
-    return image;
+    return BenchPictures::grainyGradient(kDesktop, 10, 6, 20);
 }
 
 // 30,000 colours spread over the whole cube, the same every run.

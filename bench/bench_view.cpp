@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 
 #include "benchhome.h"
+#include "benchpictures.h"
 
 #include <benchmark/benchmark.h>
 
@@ -32,17 +33,7 @@ const QSize kPage(1280, 800);
 // the scaling nor the colour caches get an easy ride.
 QImage photograph()
 {
-    QImage image(kPhoto, QImage::Format_RGB32);
-    quint32 noise = 12345;
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            noise = noise * 1664525u + 1013904223u;
-            const int n = int(noise >> 28);
-            line[x] = qRgb((x / 24 + n) & 0xff, (y / 16 + n) & 0xff, ((x + y) / 40 + n) & 0xff);
-        }
-    }
-    return image;
+    return BenchPictures::grainyGradient(kPhoto, 24, 16, 40);
 }
 
 // Peak resident memory of this process so far, in megabytes.
