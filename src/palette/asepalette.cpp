@@ -189,24 +189,27 @@ QByteArray colourBody(const PaletteColour &colour, CAsePalette::Model model)
     return body;
 }
 
+// Why the file is not one of ours, or empty when its signature and version are.
+QString headerProblem(Cursor *file, const QByteArray &bytes)
+{
+    if (!file->has(12) || std::memcmp(bytes.constData(), "ASEF", 4) != 0)
+        return translated("it does not start with \"ASEF\".");
+    file->bytes(4);
+    const quint16 major = file->u16();
+    file->u16();
+    if (major != 1)
+        return translated("its version %1 is not version 1.").arg(major);
+    return QString();
+}
+
 } // namespace
 
 CPaletteReadResult CAsePalette::read(const QByteArray &bytes)
 {
     Cursor file(bytes.constData(), bytes.constData() + bytes.size());
-    if (!file.has(12) || std::memcmp(bytes.constData(), "ASEF", 4) != 0) {
-        return CPaletteReadResult::notThisFormat(
-            translated("an Adobe Swatch Exchange file"),
-            translated("it does not start with \"ASEF\"."));
-    }
-    file.bytes(4);
-    const quint16 major = file.u16();
-    file.u16();
-    if (major != 1) {
-        return CPaletteReadResult::notThisFormat(
-            translated("an Adobe Swatch Exchange file"),
-            translated("its version %1 is not version 1.").arg(major));
-    }
+    const QString problem = headerProblem(&file, bytes);
+    if (!problem.isEmpty())
+        return CPaletteReadResult::notThisFormat(translated("an Adobe Swatch Exchange file"), problem);
     const quint32 blocks = file.u32();
     CPalette palette;
     for (quint32 i = 1; i <= blocks; ++i) {
